@@ -1,0 +1,68 @@
+-- gpsx.db: staff, lines, defects, alignment words, mark names and per-recording usage.
+create table gzryb (bh text, xm text, bz text, gwd text);
+create table zyqjb (bh text, mc text);
+create table bz (bh text, mc text);
+create table pinkong (jqbh text, apk numeric, bpk numeric, cpk numeric, dpk numeric, epk numeric,
+  fpk numeric, gpk numeric, hpk numeric);
+create table biaoji (bjid text, bjwb text);
+create table biaojikc (xh numeric, bj01 text, bj02 text);
+create table zysyb (jqbh text, kjrq text, abjs numeric, zjr1bh text, zyqj text);
+insert into gzryb values ('1', '张伟', '探伤一组', '哈尔滨分公司');
+insert into gzryb values ('2', '李娜', '探伤一组', '哈尔滨分公司');
+insert into gzryb values ('3', '王强', '探伤二组', '齐齐哈尔分公司');
+insert into gzryb values ('12', '刘洋', '探伤二组', '齐齐哈尔分公司');
+insert into gzryb values ('15', '陈静', '探伤三组', '牡丹江分公司');
+insert into zyqjb values ('1', '京哈线');
+insert into zyqjb values ('2', '滨洲线');
+insert into zyqjb values ('3', '滨绥线');
+insert into zyqjb values ('4', '哈大线');
+insert into bz values ('1', '轨头核伤');
+insert into bz values ('2', '螺孔裂纹');
+insert into bz values ('3', '轨腰水平裂纹');
+insert into bz values ('4', '轨底裂纹');
+insert into bz values ('5', '焊缝缺陷');
+-- the five operator marks
+insert into biaoji values ('标记0', '焊缝');
+insert into biaoji values ('标记1', '接头');
+insert into biaoji values ('标记2', '道岔');
+insert into biaoji values ('标记3', '可疑点');
+insert into biaoji values ('标记4', '其他');
+-- attribute marks of rail places: bj01 is the short name printed on the picture, bj02 the full name.
+-- Rows 5 and 6 are the kilometre and hundred-metre posts that the mileage check lists.
+insert into biaojikc values (1, '桥', '桥梁');
+insert into biaojikc values (2, '隧', '隧道');
+insert into biaojikc values (3, '道口', '平交道口');
+insert into biaojikc values (4, '涵', '涵洞');
+insert into biaojikc values (5, '公里', '公里标');
+insert into biaojikc values (6, '百米', '百米标');
+insert into biaojikc values (7, '焊', '铝热焊缝');
+insert into biaojikc values (8, '闪焊', '闪光焊缝');
+insert into biaojikc values (9, '气焊', '气压焊缝');
+insert into biaojikc values (10, '接头', '普通接头');
+insert into biaojikc values (11, '绝缘', '绝缘接头');
+insert into biaojikc values (12, '冻结', '冻结接头');
+insert into biaojikc values (13, '岔头', '道岔始端');
+insert into biaojikc values (14, '岔尾', '道岔终端');
+insert into biaojikc values (15, '尖轨', '尖轨');
+insert into biaojikc values (16, '基本轨', '基本轨');
+insert into biaojikc values (17, '导轨', '导曲轨');
+insert into biaojikc values (18, '辙叉', '辙叉');
+insert into biaojikc values (19, '护轨', '护轨');
+insert into biaojikc values (20, '翼轨', '翼轨');
+insert into biaojikc values (21, '伸缩', '伸缩调节器');
+insert into biaojikc values (22, '曲线', '曲线起点');
+insert into biaojikc values (23, '曲终', '曲线终点');
+insert into biaojikc values (24, '坡', '变坡点');
+insert into biaojikc values (25, '站', '车站中心');
+insert into biaojikc values (26, '信号', '信号机');
+insert into biaojikc values (27, '钢枕', '钢枕');
+insert into biaojikc values (28, '轨距', '轨距杆');
+insert into biaojikc values (29, '防爬', '防爬器');
+insert into biaojikc values (30, '锁定', '锁定焊');
+insert into biaojikc values (31, '换轨', '换轨处');
+insert into biaojikc values (32, '异型', '异型接头');
+insert into biaojikc values (33, '鱼尾', '鱼尾板');
+insert into biaojikc values (34, '螺孔', '螺孔');
+insert into biaojikc values (35, '掉块', '轨面掉块');
+insert into biaojikc values (36, '擦伤', '轨面擦伤');
+insert into biaojikc values (37, '其他', '其他');

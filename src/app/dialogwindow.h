@@ -1,0 +1,30 @@
+#pragma once
+// The Ui port with Qt dialogs, and the bar pb1 of the main window during a walk.
+#include "app/ports.h"
+
+class QProgressBar;
+class QWidget;
+
+namespace orvane {
+
+class DialogUi : public Ui {
+  public:
+    void setparent(QWidget* parent) { parent_ = parent; }
+    void setbar(QProgressBar* bar) { bar_ = bar; }
+
+    void message(const std::string& text) override;
+    bool askyesno(const std::string& text) override;
+    std::optional<std::string> inputbox(const std::string& prompt, const std::string& title,
+                                        const std::string& preset) override;
+    std::optional<std::string> openfile(const std::string& filter, const std::string& extension) override;
+    std::optional<std::string> savefile(const std::string& filter, const std::string& extension) override;
+    std::optional<std::uint32_t> pickcolor(std::uint32_t current) override;
+    void progressmax(double maximum) override;
+    void progress(long value) override;
+
+  private:
+    QWidget* parent_ = nullptr;
+    QProgressBar* bar_ = nullptr;
+};
+
+} // namespace orvane

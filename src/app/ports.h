@@ -1,0 +1,78 @@
+#pragma once
+// The outside world as the station's logic sees it: small interfaces with one Qt implementation
+// for the program and one scripted implementation for tests and the headless front.
+#include <cstdint>
+#include <ctime>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace orvane {
+
+// Dialogs and the progress of a walk.
+class Ui {
+  public:
+    virtual ~Ui() = default;
+    virtual void message(const std::string& text) = 0;
+    virtual bool askyesno(const std::string& text) = 0;
+    // nullopt when the user cancels.
+    virtual std::optional<std::string> inputbox(const std::string& prompt, const std::string& title,
+                                                const std::string& preset) = 0;
+    virtual std::optional<std::string> openfile(const std::string& filter, const std::string& extension) = 0;
+    virtual std::optional<std::string> savefile(const std::string& filter, const std::string& extension) = 0;
+    virtual std::optional<std::uint32_t> pickcolor(std::uint32_t current) = 0;
+    // The bar pb1 during a walk: a new maximum, then values from 0 upwards.
+    virtual void progressmax(double maximum) = 0;
+    virtual void progress(long value) = 0;
+};
+
+// Date and time of the station, and the random source of the made bottom wave.
+class Clock {
+  public:
+    virtual ~Clock() = default;
+    virtual std::tm now() = 0;
+    // A number in [0, 1), as the random function of the instrument's software gives it.
+    virtual float rnd() = 0;
+};
+
+// One value of a result row: null, a whole number, a real number or a text.
+struct DbValue {
+    enum class Kind { null, integer, real, text } kind = Kind::null;
+    std::int64_t integer = 0;
+    double real = 0;
+    std::string text;
+
+    bool isnull() const { return kind == Kind::null; }
+    // The value as a number, texts read as the station's Val reads them.
+    double number() const;
+    // The value as text: numbers in their plain decimal form.
+    std::string astext() const;
+};
+using DbRow = std::vector<DbValue>;
+
+// One open database connection. Statements take their user texts as bound parameters.
+class Db {
+  public:
+    virtual ~Db() = default;
+    virtual const std::string& path() const = 0;
+    virtual void exec(const std::string& sql, const std::vector<std::string>& params = {}) = 0;
+    // First column of the first row; a null value when there is no row.
+    virtual DbValue scalar(const std::string& sql, const std::vector<std::string>& params = {}) = 0;
+    virtual std::vector<DbRow> rows(const std::string& sql, const std::vector<std::string>& params = {}) = 0;
+};
+
+// A finished workbook handed to the user.
+class Workbooks {
+  public:
+    virtual ~Workbooks() = default;
+    virtual void show(const std::string& workbookpath) = 0;
+};
+
+// One page of the notice, as a picture file of the page.
+class Printer {
+  public:
+    virtual ~Printer() = default;
+    virtual void printpage(const std::string& pagepicture) = 0;
+};
+
+} // namespace orvane

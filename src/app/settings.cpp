@@ -1,0 +1,143 @@
+#include "app/settings.h"
+
+#include "app/numbers.h"
+#include "app/station.h"
+
+#include <algorithm>
+
+namespace orvane {
+
+namespace {
+
+bool isfield(const std::string& field) {
+    return std::find(colorfields.begin(), colorfields.end(), field) != colorfields.end();
+}
+
+// select <field> from color where weizhi= '<key>'. A missing row cannot be worked around: the start
+// stops with the key named.
+DbValue readfield(Station& st, const std::string& key, const std::string& field) {
+    auto rows = st.colordb->rows("select " + field + " from color where weizhi= ?", {key});
+    if (rows.empty())
+        throw SettingsError("设置表 color 缺少行 " + key + "（" + st.colordb->path() + "）");
+    if (rows[0][0].isnull())
+        throw SettingsError("设置 " + key + "." + field + " 为空（" + st.colordb->path() + "）");
+    return rows[0][0];
+}
+
+std::int16_t readsmall(Station& st, const std::string& key, const std::string& field) {
+    auto v = toint16(readfield(st, key, field).number());
+    if (!v) throw SettingsError("设置 " + key + "." + field + " 超出范围（" + st.colordb->path() + "）");
+    return *v;
+}
+
+std::uint32_t readcolor(Station& st, const std::string& key) {
+    double v = roundeven(readfield(st, key, "shuzhi").number());
+    if (!(v >= -2147483648.0 && v <= 4294967295.0))
+        throw SettingsError("设置 " + key + ".shuzhi 超出范围（" + st.colordb->path() + "）");
+    return static_cast<std::uint32_t>(static_cast<std::int64_t>(v));
+}
+
+std::string cellorempty(const DbValue& v) { return v.isnull() ? std::string() : v.astext(); }
+
+struct Preset {
+    std::uint32_t background;
+    std::uint32_t scale;
+    std::array<std::uint32_t, 9> channels;
+};
+
+const Preset blackpreset = {rgb(0, 0, 0),
+                            rgb(230, 230, 230),
+                            {rgb(192, 0, 255), rgb(0, 0, 255), rgb(255, 255, 0), rgb(0, 255, 255),
+                             rgb(255, 192, 0), rgb(255, 64, 255), rgb(0, 192, 0), rgb(255, 0, 0),
+                             rgb(255, 255, 255)}};
+const Preset yellowpreset = {rgb(255, 255, 192),
+                             rgb(0, 0, 0),
+                             {rgb(192, 0, 255), rgb(0, 255, 0), rgb(192, 64, 0), rgb(0, 192, 255),
+                              rgb(0, 0, 0), rgb(255, 64, 255), rgb(0, 192, 0), rgb(0, 0, 255),
+                              rgb(255, 0, 0)}};
+
+std::size_t colorindex(const std::string& key) {
+    return static_cast<std::size_t>(std::find(colorkeys.begin(), colorkeys.end(), key) - colorkeys.begin());
+}
+
+} // namespace
+
+std::uint32_t Settings::color(const std::string& key) const {
+    std::size_t i = colorindex(key);
+    return i < colorset.size() ? colorset[i] : 0;
+}
+
+void loadsettings(Station& st) {
+    Settings s;
+    for (std::size_t i = 0; i < colorkeys.size(); ++i) s.colorset[i] = readcolor(st, colorkeys[i]);
+    for (std::size_t c = 0; c < 9; ++c) s.channelcolor[c] = s.colorset[colorindex("acolor") + c];
+
+    s.bofsd = readsmall(st, "bofsd", "shuzhi");
+    s.diandx = readsmall(st, "diandx", "shuzhi");
+    s.zuhfj = readsmall(st, "zuhfj", "shuzhi");
+    s.manualstep = readsmall(st, "shoudbjz", "shuzhi");
+    s.viewspan = readsmall(st, "shoudbjz", "apy");
+    s.markplace = readsmall(st, "shoudbjz", "bpy");
+    s.latewaveshown = readsmall(st, "shoudbjz", "cpy");
+    s.reverseshow = readsmall(st, "shoudbjz", "dpy");
+    s.vshape = readsmall(st, "shoudbjz", "epy");
+    s.integralshown = readsmall(st, "shoudbjz", "gpy");
+    s.wholefile = readsmall(st, "shoudbjz", "fpy");
+    s.losswavelimit = readsmall(st, "diandx", "apy");
+
+    if (s.zuhfj == 1) st.displaymode = "zuhe";
+    else if (s.zuhfj == 2) st.displaymode = "fenjie";
+    else if (s.zuhfj == 3) st.displaymode = "zhjz";
+    // The English text set has no choice of mark place or reversal thinning; the table keeps the
+    // user's values for a return to Chinese.
+    if (st.language == "english") {
+        s.markplace = 1;
+        s.reverseshow = 1;
+    }
+    if (s.losswavelimit == 0) {
+        s.losswavelimit = 25;
+        st.colordb->exec("update color set apy='25' where weizhi='diandx'");
+    }
+    if (s.viewspan == 0) s.viewspan = 1200;
+
+    for (int n = 0; n < 5; ++n) {
+        const std::string key = "标记" + std::to_string(n);
+        auto rows = st.gpsxdb->rows("select bjwb from biaoji where bjid= ?", {key});
+        if (rows.empty()) throw SettingsError("标记表 biaoji 缺少行 " + key + "（" + st.gpsxdb->path() + "）");
+        s.biaojiname[n] = cellorempty(rows[0][0]);
+    }
+    for (int n = 1; n <= 37; ++n) {
+        auto rows = st.gpsxdb->rows("select bj01,bj02 from biaojikc where xh= ?", {std::to_string(n)});
+        if (rows.empty())
+            throw SettingsError("标记表 biaojikc 缺少行 " + std::to_string(n) + "（" + st.gpsxdb->path() + "）");
+        s.biaojikcpair[n] = {cellorempty(rows[0][0]), cellorempty(rows[0][1])};
+    }
+    st.settings = s;
+}
+
+void writesetting(Station& st, const std::string& key, const std::string& field, const std::string& value) {
+    if (!isfield(field)) throw SettingsError("设置表 color 没有字段 " + field);
+    st.colordb->exec("update color set " + field + "=? where weizhi=?", {value, key});
+}
+
+void colorpreset(Station& st, int preset) {
+    const Preset& p = preset == 41 ? yellowpreset : blackpreset;
+    writesetting(st, "bxianbackcolor", "shuzhi", std::to_string(p.background));
+    writesetting(st, "biaochicolor", "shuzhi", std::to_string(p.scale));
+    st.settings.colorset[colorindex("bxianbackcolor")] = p.background;
+    st.settings.colorset[colorindex("biaochicolor")] = p.scale;
+    for (std::size_t c = 0; c < 9; ++c) {
+        writesetting(st, colorkeys[colorindex("acolor") + c], "shuzhi", std::to_string(p.channels[c]));
+        st.settings.colorset[colorindex("acolor") + c] = p.channels[c];
+        st.settings.channelcolor[c] = p.channels[c];
+    }
+}
+
+void savefilterdefaults(Station& st) {
+    // Channel H and I sit in shuzhi and shuzhibf, A to G in apy to gpy.
+    writesetting(st, "guolv", "shuzhi", st.form.filtertext[7]);
+    writesetting(st, "guolv", "shuzhibf", st.form.filtertext[8]);
+    for (std::size_t c = 0; c < 7; ++c) writesetting(st, "guolv", colorfields[2 + c], st.form.filtertext[c]);
+}
+
+} // namespace orvane

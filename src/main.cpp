@@ -1,0 +1,43 @@
+// orvane: the replay and analysis station, started with the path of one recording.
+#include "app/dialogwindow.h"
+#include "app/form28window.h"
+#include "app/startup.h"
+#include "app/station.h"
+#include "app/systemclock.h"
+#include "stores/stationfolder.h"
+
+#include <QApplication>
+#include <QMessageBox>
+
+#include <cstdlib>
+
+int main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    orvane::Station st;
+    orvane::DialogUi ui;
+    orvane::SystemClock clock;
+    st.ui = &ui;
+    st.clock = &clock;
+    st.countinstances = orvane::countthisprogram;
+
+    // ORVANE_LANGUAGE=english selects the English text set of the main controls.
+    const char* language = std::getenv("ORVANE_LANGUAGE");
+    try {
+        orvane::entry(st, orvane::stores::stationfolder(),
+                      language && std::string(language) == "english" ? "english" : "china");
+    } catch (const std::exception& e) {
+        QMessageBox::critical(nullptr, "orvane", QString::fromStdString(e.what()));
+        return 1;
+    }
+
+    // The command line is one path; a path with blanks may come in several pieces.
+    std::string commandline;
+    for (int i = 1; i < argc; ++i) commandline += (i > 1 ? " " : "") + std::string(argv[i]);
+    orvane::windowload(st, commandline);
+    if (st.process.ended) return st.process.exitstatus;
+
+    orvane::Form28Window window(st, ui);
+    window.show();
+    int status = app.exec();
+    return st.process.exitstatus ? st.process.exitstatus : status;
+}
