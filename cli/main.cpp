@@ -102,8 +102,8 @@ int main(int argc, char** argv) {
     orvane::Station st;
     orvane::ScriptedUi ui;
     ui.answers.assign(args.answers.begin(), args.answers.end());
-    std::unique_ptr<orvane::SystemClock> clock =
-        args.seed ? std::make_unique<orvane::SystemClock>(*args.seed) : std::make_unique<orvane::SystemClock>();
+    std::unique_ptr<orvane::SystemClock> clock = args.seed ? std::make_unique<orvane::SystemClock>(*args.seed)
+                                                           : std::make_unique<orvane::SystemClock>();
     st.ui = &ui;
     st.clock = clock.get();
 
@@ -117,8 +117,10 @@ int main(int argc, char** argv) {
 
     for (const auto& [name, value] : args.sets) {
         try {
-            if (name.find('.') != std::string::npos) orvane::setsetting(st, name, value);
-            else orvane::setcontrol(st, name, value);
+            if (name.find('.') != std::string::npos)
+                orvane::setsetting(st, name, value);
+            else
+                orvane::setcontrol(st, name, value);
         } catch (const orvane::ControlError& e) {
             return badarguments(e.what());
         } catch (const std::exception& e) {

@@ -10,10 +10,18 @@ namespace {
 
 void dbvalue(Json& j, const DbValue& v) {
     switch (v.kind) {
-    case DbValue::Kind::integer: j.value(v.integer); break;
-    case DbValue::Kind::real: j.value(v.real); break;
-    case DbValue::Kind::text: j.value(v.text); break;
-    case DbValue::Kind::null: j.null(); break;
+    case DbValue::Kind::integer:
+        j.value(v.integer);
+        break;
+    case DbValue::Kind::real:
+        j.value(v.real);
+        break;
+    case DbValue::Kind::text:
+        j.value(v.text);
+        break;
+    case DbValue::Kind::null:
+        j.null();
+        break;
     }
 }
 

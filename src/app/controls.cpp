@@ -21,12 +21,15 @@ struct OptionControl {
 };
 
 const OptionControl options[] = {
-    {"Option3", "zuhfj", "shuzhi", 2},  {"Option4", "zuhfj", "shuzhi", 1},  {"Option5", "zuhfj", "shuzhi", 3},
-    {"Option6", "shoudbjz", "bpy", 0},  {"Option7", "shoudbjz", "bpy", 1},  {"Option8", "shoudbjz", "apy", 600},
-    {"Option9", "shoudbjz", "apy", 1200}, {"Option14", "shoudbjz", "cpy", 0}, {"Option15", "shoudbjz", "cpy", 1},
-    {"Option1", "shoudbjz", "dpy", 0},  {"Option2", "shoudbjz", "dpy", 1},  {"Option18", "shoudbjz", "epy", 0},
-    {"Option19", "shoudbjz", "epy", 1}, {"Option16", "shoudbjz", "fpy", 0}, {"Option17", "shoudbjz", "fpy", 1},
-    {"Option20", "shoudbjz", "gpy", 0}, {"Option21", "shoudbjz", "gpy", 1},
+    {"Option3", "zuhfj", "shuzhi", 2},    {"Option4", "zuhfj", "shuzhi", 1},
+    {"Option5", "zuhfj", "shuzhi", 3},    {"Option6", "shoudbjz", "bpy", 0},
+    {"Option7", "shoudbjz", "bpy", 1},    {"Option8", "shoudbjz", "apy", 600},
+    {"Option9", "shoudbjz", "apy", 1200}, {"Option14", "shoudbjz", "cpy", 0},
+    {"Option15", "shoudbjz", "cpy", 1},   {"Option1", "shoudbjz", "dpy", 0},
+    {"Option2", "shoudbjz", "dpy", 1},    {"Option18", "shoudbjz", "epy", 0},
+    {"Option19", "shoudbjz", "epy", 1},   {"Option16", "shoudbjz", "fpy", 0},
+    {"Option17", "shoudbjz", "fpy", 1},   {"Option20", "shoudbjz", "gpy", 0},
+    {"Option21", "shoudbjz", "gpy", 1},
 };
 
 // A scroll bar whose value is its row and field.
@@ -82,12 +85,16 @@ std::int16_t smallnumber(const std::string& name, const std::string& value) {
 }
 
 void chooseoption(Station& st, const OptionControl& o) {
-    if (std::string(o.name) == "Option6") st.colordb->exec("update color set bpy=0 where weizhi='shoudbjz'");
-    else writesetting(st, o.key, o.field, std::to_string(o.value));
+    if (std::string(o.name) == "Option6")
+        st.colordb->exec("update color set bpy=0 where weizhi='shoudbjz'");
+    else
+        writesetting(st, o.key, o.field, std::to_string(o.value));
     *memoryof(st.settings, o.key, o.field) = o.value;
-    if (std::string(o.key) == "zuhfj") st.displaymode = o.value == 2 ? "fenjie" : o.value == 3 ? "zhjz" : "zuhe";
+    if (std::string(o.key) == "zuhfj")
+        st.displaymode = o.value == 2 ? "fenjie" : o.value == 3 ? "zhjz" : "zuhe";
     // The expanded view steps at most 400 indices by hand.
-    if (std::string(o.name) == "Option8") st.settings.manualstep = std::min<std::int16_t>(st.settings.manualstep, 400);
+    if (std::string(o.name) == "Option8")
+        st.settings.manualstep = std::min<std::int16_t>(st.settings.manualstep, 400);
 }
 
 } // namespace

@@ -11,7 +11,9 @@ namespace orvane {
 
 namespace {
 
-QString q(const std::string& s) { return QString::fromStdString(s); }
+QString q(const std::string& s) {
+    return QString::fromStdString(s);
+}
 
 // "文本文件 (*.TXT)|*.TXT" as the station writes filters, to Qt's "文本文件 (*.TXT *.txt)".
 QString qtfilter(const std::string& filter) {
@@ -26,7 +28,9 @@ QString qtfilter(const std::string& filter) {
 
 } // namespace
 
-void DialogUi::message(const std::string& text) { QMessageBox::information(parent_, QString(), q(text)); }
+void DialogUi::message(const std::string& text) {
+    QMessageBox::information(parent_, QString(), q(text));
+}
 
 bool DialogUi::askyesno(const std::string& text) {
     return QMessageBox::question(parent_, QString(), q(text), QMessageBox::Yes | QMessageBox::No) ==

@@ -5,7 +5,9 @@
 
 namespace orvane {
 
-double roundeven(double v) { return std::nearbyint(v); } // the default rounding mode is to nearest, ties even
+double roundeven(double v) {
+    return std::nearbyint(v);
+} // the default rounding mode is to nearest, ties even
 
 std::optional<std::int16_t> toint16(double v) {
     double r = roundeven(v);

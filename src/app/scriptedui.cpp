@@ -24,9 +24,13 @@ std::optional<std::string> ScriptedUi::inputbox(const std::string& prompt, const
     return next();
 }
 
-std::optional<std::string> ScriptedUi::openfile(const std::string&, const std::string&) { return next(); }
+std::optional<std::string> ScriptedUi::openfile(const std::string&, const std::string&) {
+    return next();
+}
 
-std::optional<std::string> ScriptedUi::savefile(const std::string&, const std::string&) { return next(); }
+std::optional<std::string> ScriptedUi::savefile(const std::string&, const std::string&) {
+    return next();
+}
 
 std::optional<std::uint32_t> ScriptedUi::pickcolor(std::uint32_t) {
     auto a = next();

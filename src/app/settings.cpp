@@ -17,8 +17,7 @@ bool isfield(const std::string& field) {
 // stops with the key named.
 DbValue readfield(Station& st, const std::string& key, const std::string& field) {
     auto rows = st.colordb->rows("select " + field + " from color where weizhi= ?", {key});
-    if (rows.empty())
-        throw SettingsError("设置表 color 缺少行 " + key + "（" + st.colordb->path() + "）");
+    if (rows.empty()) throw SettingsError("设置表 color 缺少行 " + key + "（" + st.colordb->path() + "）");
     if (rows[0][0].isnull())
         throw SettingsError("设置 " + key + "." + field + " 为空（" + st.colordb->path() + "）");
     return rows[0][0];
@@ -37,7 +36,9 @@ std::uint32_t readcolor(Station& st, const std::string& key) {
     return static_cast<std::uint32_t>(static_cast<std::int64_t>(v));
 }
 
-std::string cellorempty(const DbValue& v) { return v.isnull() ? std::string() : v.astext(); }
+std::string cellorempty(const DbValue& v) {
+    return v.isnull() ? std::string() : v.astext();
+}
 
 struct Preset {
     std::uint32_t background;
@@ -85,9 +86,12 @@ void loadsettings(Station& st) {
     s.wholefile = readsmall(st, "shoudbjz", "fpy");
     s.losswavelimit = readsmall(st, "diandx", "apy");
 
-    if (s.zuhfj == 1) st.displaymode = "zuhe";
-    else if (s.zuhfj == 2) st.displaymode = "fenjie";
-    else if (s.zuhfj == 3) st.displaymode = "zhjz";
+    if (s.zuhfj == 1)
+        st.displaymode = "zuhe";
+    else if (s.zuhfj == 2)
+        st.displaymode = "fenjie";
+    else if (s.zuhfj == 3)
+        st.displaymode = "zhjz";
     // The English text set has no choice of mark place or reversal thinning; the table keeps the
     // user's values for a return to Chinese.
     if (st.language == "english") {
@@ -103,13 +107,15 @@ void loadsettings(Station& st) {
     for (int n = 0; n < 5; ++n) {
         const std::string key = "标记" + std::to_string(n);
         auto rows = st.gpsxdb->rows("select bjwb from biaoji where bjid= ?", {key});
-        if (rows.empty()) throw SettingsError("标记表 biaoji 缺少行 " + key + "（" + st.gpsxdb->path() + "）");
+        if (rows.empty())
+            throw SettingsError("标记表 biaoji 缺少行 " + key + "（" + st.gpsxdb->path() + "）");
         s.biaojiname[n] = cellorempty(rows[0][0]);
     }
     for (int n = 1; n <= 37; ++n) {
         auto rows = st.gpsxdb->rows("select bj01,bj02 from biaojikc where xh= ?", {std::to_string(n)});
         if (rows.empty())
-            throw SettingsError("标记表 biaojikc 缺少行 " + std::to_string(n) + "（" + st.gpsxdb->path() + "）");
+            throw SettingsError("标记表 biaojikc 缺少行 " + std::to_string(n) + "（" + st.gpsxdb->path() +
+                                "）");
         s.biaojikcpair[n] = {cellorempty(rows[0][0]), cellorempty(rows[0][1])};
     }
     st.settings = s;

@@ -30,16 +30,19 @@ void setbuttontexts(Station& st) {
 
 void setenglishcaptions(Station& st) {
     static const std::pair<const char*, const char*> english[] = {
-        {"Command17", "Double"}, {"Command15", "Print"},    {"Command20", "Param"},   {"Command1", "Set"},
-        {"Command18", "Shift"},  {"Command21", "Enlarge"},  {"Labelyz", "mm"},        {"Labelyzdb", "mm"},
-        {"Label9", "close"},     {"Frame1", "Param"},       {"Frame2", "Param"},      {"Labelaxxs", "A-mode"},
-        {"Frame11", "Mode"},     {"lts1", "importing..."},  {"Option12", "Lock"},     {"Labeltd", "All"},
-        {"Option13", "Unlock"},  {"Label32", "close"},      {"Label2", "Speed"},      {"Label20", "Trip"},
-        {"Label21", "Trip"},     {"Label5", "hand-step"},   {"Check8", "All"},        {"Frame6", "Mode set"},
-        {"Combjs", "Back"},      {"Option3", "ungroup"},    {"Comcc", "Window"},      {"Option4", "group"},
-        {"Command13", "Guides"}, {"Option5", "g-center"},   {"Label3", "Size"},       {"Frame7", "Loca"},
-        {"Frame14", "Speed"},    {"Option6", "bottom"},     {"Command8", "Pause"},    {"Option7", "top"},
-        {"Command16", "Gain curve"}, {"Labellb", "close"},  {"Command3", "Shift"},
+        {"Command17", "Double"},     {"Command15", "Print"},   {"Command20", "Param"},
+        {"Command1", "Set"},         {"Command18", "Shift"},   {"Command21", "Enlarge"},
+        {"Labelyz", "mm"},           {"Labelyzdb", "mm"},      {"Label9", "close"},
+        {"Frame1", "Param"},         {"Frame2", "Param"},      {"Labelaxxs", "A-mode"},
+        {"Frame11", "Mode"},         {"lts1", "importing..."}, {"Option12", "Lock"},
+        {"Labeltd", "All"},          {"Option13", "Unlock"},   {"Label32", "close"},
+        {"Label2", "Speed"},         {"Label20", "Trip"},      {"Label21", "Trip"},
+        {"Label5", "hand-step"},     {"Check8", "All"},        {"Frame6", "Mode set"},
+        {"Combjs", "Back"},          {"Option3", "ungroup"},   {"Comcc", "Window"},
+        {"Option4", "group"},        {"Command13", "Guides"},  {"Option5", "g-center"},
+        {"Label3", "Size"},          {"Frame7", "Loca"},       {"Frame14", "Speed"},
+        {"Option6", "bottom"},       {"Command8", "Pause"},    {"Option7", "top"},
+        {"Command16", "Gain curve"}, {"Labellb", "close"},     {"Command3", "Shift"},
     };
     for (auto& [control, text] : english) st.form.captions[control] = text;
     st.form.lts1 = "importing...";
@@ -59,9 +62,9 @@ std::vector<std::string> namesof(Db& db, const std::string& table) {
 
 // First activation step 10: the filter boxes from row guolv, H and I first, then A to G.
 void loadfilterboxes(Station& st) {
-    static const std::pair<int, const char*> order[] = {{7, "shuzhi"}, {8, "shuzhibf"}, {0, "apy"}, {1, "bpy"},
-                                                        {2, "cpy"},    {3, "dpy"},      {4, "epy"}, {5, "fpy"},
-                                                        {6, "gpy"}};
+    static const std::pair<int, const char*> order[] = {{7, "shuzhi"}, {8, "shuzhibf"}, {0, "apy"},
+                                                        {1, "bpy"},    {2, "cpy"},      {3, "dpy"},
+                                                        {4, "epy"},    {5, "fpy"},      {6, "gpy"}};
     for (auto& [channel, field] : order) {
         DbValue v = st.colordb->scalar(std::string("select ") + field + " from color where weizhi= 'guolv'");
         if (v.number() != 0) {
@@ -211,6 +214,8 @@ void windowactivate(Station& st) {
     loadfilterboxes(st);
 }
 
-void windowunload(Station& st) { st.process.ended = true; }
+void windowunload(Station& st) {
+    st.process.ended = true;
+}
 
 } // namespace orvane

@@ -24,13 +24,13 @@ struct Side {
 
 // The controls of Form28 whose values a rule reads or writes, under their control names.
 struct Form28State {
-    std::string caption;       // the window's caption
-    std::string Tmc;           // the analyst's name box
-    std::string Label20hint;   // the hint of the kilometre seek
-    bool pb1visible = false;   // progress bar of the walk
+    std::string caption;     // the window's caption
+    std::string Tmc;         // the analyst's name box
+    std::string Label20hint; // the hint of the kilometre seek
+    bool pb1visible = false; // progress bar of the walk
     double pb1max = 0;
     long pb1value = 0;
-    bool lts1visible = false;  // the label beside the bar
+    bool lts1visible = false; // the label beside the bar
     std::string lts1 = "正在导入，请稍候。。。";
     bool mainviewenabled = false; // replay buttons, channel check boxes and colour labels
     bool comparisonvisible = false;

@@ -34,7 +34,8 @@ std::u32string utf32of(const std::string& text) {
 std::string utf8of(const std::u32string& text) {
     std::string out;
     for (char32_t cp : text) {
-        if (cp < 0x80) out.push_back(static_cast<char>(cp));
+        if (cp < 0x80)
+            out.push_back(static_cast<char>(cp));
         else if (cp < 0x800) {
             out.push_back(static_cast<char>(0xC0 | (cp >> 6)));
             out.push_back(static_cast<char>(0x80 | (cp & 0x3F)));

@@ -4,7 +4,9 @@
 
 namespace orvane {
 
-QColor qcolorof(std::uint32_t color) { return QColor(color & 0xFF, (color >> 8) & 0xFF, (color >> 16) & 0xFF); }
+QColor qcolorof(std::uint32_t color) {
+    return QColor(color & 0xFF, (color >> 8) & 0xFF, (color >> 16) & 0xFF);
+}
 
 RasterCanvas::RasterCanvas(int width, int height)
     : image_(std::max(1, width), std::max(1, height), QImage::Format_RGB32),
@@ -25,7 +27,9 @@ void RasterCanvas::setbackgroundcolor(std::uint32_t color) {
     background_.fill(qcolorof(color));
 }
 
-void RasterCanvas::clear() { image_ = background_; }
+void RasterCanvas::clear() {
+    image_ = background_;
+}
 
 QPointF RasterCanvas::topixel(double x, double y) const {
     return {x * image_.width() / scalewidth_, (y - scaletop_) * image_.height() / scaleheight_};
@@ -39,7 +43,8 @@ void RasterCanvas::pset(double x, double y, std::uint32_t color) {
     // Dots go straight into the scanlines: far cheaper than a painter per dot, same pixels.
     for (int row = std::max(0, top); row < std::min(image_.height(), top + size); ++row) {
         auto* line = reinterpret_cast<QRgb*>(image_.scanLine(row));
-        for (int col = std::max(0, left); col < std::min(image_.width(), left + size); ++col) line[col] = value;
+        for (int col = std::max(0, left); col < std::min(image_.width(), left + size); ++col)
+            line[col] = value;
     }
     currentx = x;
     currenty = y;
@@ -67,7 +72,8 @@ void RasterCanvas::print(const std::string& text) {
     painter.setPen(qcolorof(forecolor));
     QPointF at = topixel(currentx, currenty);
     QString qtext = QString::fromStdString(text);
-    painter.drawText(QRectF(at, QSizeF(image_.width(), image_.height())), Qt::AlignLeft | Qt::AlignTop, qtext);
+    painter.drawText(QRectF(at, QSizeF(image_.width(), image_.height())), Qt::AlignLeft | Qt::AlignTop,
+                     qtext);
     currenty += fontsize * 1.5 * scaleheight_ / image_.height();
 }
 

@@ -14,15 +14,24 @@ namespace {
 // val(x): Val of the text of x; null stays null, numbers stay as they are.
 void sqlval(sqlite3_context* ctx, int, sqlite3_value** argv) {
     switch (sqlite3_value_type(argv[0])) {
-    case SQLITE_NULL: sqlite3_result_null(ctx); return;
-    case SQLITE_INTEGER: sqlite3_result_int64(ctx, sqlite3_value_int64(argv[0])); return;
-    case SQLITE_FLOAT: sqlite3_result_double(ctx, sqlite3_value_double(argv[0])); return;
-    default: break;
+    case SQLITE_NULL:
+        sqlite3_result_null(ctx);
+        return;
+    case SQLITE_INTEGER:
+        sqlite3_result_int64(ctx, sqlite3_value_int64(argv[0]));
+        return;
+    case SQLITE_FLOAT:
+        sqlite3_result_double(ctx, sqlite3_value_double(argv[0]));
+        return;
+    default:
+        break;
     }
     const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(argv[0]));
     double v = vbval(text ? text : "");
-    if (v == std::trunc(v) && std::fabs(v) < 9e15) sqlite3_result_int64(ctx, static_cast<sqlite3_int64>(v));
-    else sqlite3_result_double(ctx, v);
+    if (v == std::trunc(v) && std::fabs(v) < 9e15)
+        sqlite3_result_int64(ctx, static_cast<sqlite3_int64>(v));
+    else
+        sqlite3_result_double(ctx, v);
 }
 
 // A prepared statement that finalizes itself.
@@ -42,7 +51,8 @@ DbValue columnvalue(sqlite3_stmt* stmt, int i) {
         v.kind = DbValue::Kind::real;
         v.real = sqlite3_column_double(stmt, i);
         break;
-    case SQLITE_NULL: break;
+    case SQLITE_NULL:
+        break;
     default: {
         v.kind = DbValue::Kind::text;
         const auto* t = reinterpret_cast<const char*>(sqlite3_column_text(stmt, i));
@@ -57,18 +67,26 @@ DbValue columnvalue(sqlite3_stmt* stmt, int i) {
 SqliteDb::SqliteDb(const std::string& path) : SqliteDb(path, SQLITE_OPEN_READWRITE) {}
 
 SqliteDb::SqliteDb(const std::string& path, int flags) : path_(path) {
-    if (sqlite3_open_v2(path.c_str(), &db_, flags, nullptr) != SQLITE_OK) fail("无法打开数据库");
-    sqlite3_create_function(db_, "val", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, sqlval, nullptr,
-                            nullptr);
-    // A file that is not a database fails on its first read, so read once now.
-    char* err = nullptr;
-    if (sqlite3_exec(db_, "select count(*) from sqlite_master", nullptr, nullptr, &err) != SQLITE_OK) {
-        sqlite3_free(err);
-        fail("不是可用的数据库");
+    // The destructor does not run for a connection that failed to open: close it here.
+    try {
+        if (sqlite3_open_v2(path.c_str(), &db_, flags, nullptr) != SQLITE_OK) fail("无法打开数据库");
+        sqlite3_create_function(db_, "val", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, sqlval, nullptr,
+                                nullptr);
+        // A file that is not a database fails on its first read, so read once now.
+        char* err = nullptr;
+        if (sqlite3_exec(db_, "select count(*) from sqlite_master", nullptr, nullptr, &err) != SQLITE_OK) {
+            sqlite3_free(err);
+            fail("不是可用的数据库");
+        }
+    } catch (...) {
+        sqlite3_close(db_);
+        throw;
     }
 }
 
-SqliteDb::~SqliteDb() { sqlite3_close(db_); }
+SqliteDb::~SqliteDb() {
+    sqlite3_close(db_);
+}
 
 void SqliteDb::fail(const std::string& what) const {
     std::string reason = db_ ? sqlite3_errmsg(db_) : "out of memory";
@@ -77,7 +95,8 @@ void SqliteDb::fail(const std::string& what) const {
 
 std::vector<DbRow> SqliteDb::rows(const std::string& sql, const std::vector<std::string>& params) {
     Statement s;
-    if (sqlite3_prepare_v2(db_, sql.c_str(), -1, &s.stmt, nullptr) != SQLITE_OK) fail("语句有误 [" + sql + "]");
+    if (sqlite3_prepare_v2(db_, sql.c_str(), -1, &s.stmt, nullptr) != SQLITE_OK)
+        fail("语句有误 [" + sql + "]");
     for (std::size_t i = 0; i < params.size(); ++i)
         sqlite3_bind_text(s.stmt, static_cast<int>(i + 1), params[i].c_str(), -1, SQLITE_TRANSIENT);
     std::vector<DbRow> out;
@@ -93,7 +112,9 @@ std::vector<DbRow> SqliteDb::rows(const std::string& sql, const std::vector<std:
     return out;
 }
 
-void SqliteDb::exec(const std::string& sql, const std::vector<std::string>& params) { rows(sql, params); }
+void SqliteDb::exec(const std::string& sql, const std::vector<std::string>& params) {
+    rows(sql, params);
+}
 
 DbValue SqliteDb::scalar(const std::string& sql, const std::vector<std::string>& params) {
     auto result = rows(sql, params);

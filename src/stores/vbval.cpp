@@ -10,7 +10,9 @@ namespace orvane::stores {
 
 namespace {
 
-bool isblank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
+bool isblank(char c) {
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
+}
 
 // The text with the blanks that Val passes over taken out.
 std::string squeeze(std::string_view text) {
@@ -28,9 +30,12 @@ double radixvalue(const std::string& s, int radix) {
     for (; i < s.size(); ++i) {
         char c = s[i];
         int d = -1;
-        if (c >= '0' && c <= '9') d = c - '0';
-        else if (radix == 16 && c >= 'a' && c <= 'f') d = c - 'a' + 10;
-        else if (radix == 16 && c >= 'A' && c <= 'F') d = c - 'A' + 10;
+        if (c >= '0' && c <= '9')
+            d = c - '0';
+        else if (radix == 16 && c >= 'a' && c <= 'f')
+            d = c - 'a' + 10;
+        else if (radix == 16 && c >= 'A' && c <= 'F')
+            d = c - 'A' + 10;
         if (d < 0 || d >= radix) break;
         v = (v * radix + d) & 0xFFFFFFFFull;
     }
@@ -51,7 +56,8 @@ double vbval(std::string_view text) {
     std::string number;
     if (i < s.size() && (s[i] == '+' || s[i] == '-')) number.push_back(s[i++]);
     bool digits = false;
-    while (i < s.size() && std::isdigit(static_cast<unsigned char>(s[i]))) number.push_back(s[i++]), digits = true;
+    while (i < s.size() && std::isdigit(static_cast<unsigned char>(s[i])))
+        number.push_back(s[i++]), digits = true;
     if (i < s.size() && s[i] == '.') {
         number.push_back(s[i++]);
         while (i < s.size() && std::isdigit(static_cast<unsigned char>(s[i])))

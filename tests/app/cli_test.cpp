@@ -16,7 +16,8 @@ struct CliRun {
 class Cli : public orvane::testkit::StationTest {
   protected:
     CliRun cli(const std::string& arguments) {
-        std::string command = "ORVANE_HOME='" + home + "' " ORVANE_CLI " " + arguments + " 2>" + temp.file("err");
+        std::string command =
+            "ORVANE_HOME='" + home + "' " ORVANE_CLI " " + arguments + " 2>" + temp.file("err");
         CliRun r;
         FILE* pipe = popen(command.c_str(), "r");
         std::array<char, 4096> buf{};
@@ -34,7 +35,8 @@ TEST_F(Cli, SettingsPrintsTheRowsAsStoredAfterTheStart) {
     EXPECT_NE(r.out.find("\"diandx\":{\"shuzhi\":2,\"shuzhibf\":0,\"apy\":25,"), std::string::npos) << r.out;
     EXPECT_NE(r.out.find("\"shoudbjz\":{\"shuzhi\":500,\"shuzhibf\":0,\"apy\":0,"), std::string::npos);
     EXPECT_NE(r.out.find("\"viewspan\":1200"), std::string::npos);
-    EXPECT_NE(r.out.find("\"biaojiname\":[\"焊缝\",\"接头\",\"道岔\",\"可疑点\",\"其他\"]"), std::string::npos);
+    EXPECT_NE(r.out.find("\"biaojiname\":[\"焊缝\",\"接头\",\"道岔\",\"可疑点\",\"其他\"]"),
+              std::string::npos);
     EXPECT_NE(r.out.find("\"biaojikcpair\":[[\"\",\"\"],[\"桥\",\"桥梁\"]"), std::string::npos);
 }
 

@@ -11,7 +11,8 @@ class SettingsStore : public testkit::StationTest {
   protected:
     // Every field of every row, to see that a writer touched exactly one.
     std::vector<DbRow> snapshot() {
-        return st.colordb->rows("select weizhi,shuzhi,shuzhibf,apy,bpy,cpy,dpy,epy,fpy,gpy from color order by weizhi");
+        return st.colordb->rows(
+            "select weizhi,shuzhi,shuzhibf,apy,bpy,cpy,dpy,epy,fpy,gpy from color order by weizhi");
     }
     // The cells that differ between two snapshots, as "key.field".
     std::vector<std::string> changed(const std::vector<DbRow>& a, const std::vector<DbRow>& b) {
@@ -60,8 +61,8 @@ TEST_F(SettingsStore, LoadReadsEveryValueOfTheTable) {
     st.colordb->exec("update color set shuzhi=7 where weizhi='bofsd'");
     st.colordb->exec("update color set shuzhi=3, apy=40 where weizhi='diandx'");
     st.colordb->exec("update color set shuzhi=2 where weizhi='zuhfj'");
-    st.colordb->exec(
-        "update color set shuzhi=300, apy=600, bpy=0, cpy=1, dpy=1, epy=1, fpy=0, gpy=1 where weizhi='shoudbjz'");
+    st.colordb->exec("update color set shuzhi=300, apy=600, bpy=0, cpy=1, dpy=1, epy=1, fpy=0, gpy=1 where "
+                     "weizhi='shoudbjz'");
     st.colordb->exec("update color set shuzhi=123456 where weizhi='ecolor'");
     loadsettings(st);
     const Settings& s = st.settings;
@@ -109,17 +110,18 @@ TEST_F(SettingsStore, EachOptionWritesExactlyItsRowAndField) {
         const char* field;
         const char* value;
     } cases[] = {
-        {"Option3", "zuhfj", "shuzhi", "2"},   {"Option5", "zuhfj", "shuzhi", "3"},
-        {"Option6", "shoudbjz", "bpy", "0"},   {"Option8", "shoudbjz", "apy", "600"},
-        {"Option15", "shoudbjz", "cpy", "1"},  {"Option2", "shoudbjz", "dpy", "1"},
-        {"Option19", "shoudbjz", "epy", "1"},  {"Option16", "shoudbjz", "fpy", "0"},
+        {"Option3", "zuhfj", "shuzhi", "2"},  {"Option5", "zuhfj", "shuzhi", "3"},
+        {"Option6", "shoudbjz", "bpy", "0"},  {"Option8", "shoudbjz", "apy", "600"},
+        {"Option15", "shoudbjz", "cpy", "1"}, {"Option2", "shoudbjz", "dpy", "1"},
+        {"Option19", "shoudbjz", "epy", "1"}, {"Option16", "shoudbjz", "fpy", "0"},
         {"Option21", "shoudbjz", "gpy", "1"},
     };
     for (const Case& c : cases) {
         auto before = snapshot();
         setcontrol(st, c.control, "1");
         auto after = snapshot();
-        EXPECT_EQ(changed(before, after), std::vector<std::string>{std::string(c.key) + "." + c.field}) << c.control;
+        EXPECT_EQ(changed(before, after), std::vector<std::string>{std::string(c.key) + "." + c.field})
+            << c.control;
         EXPECT_EQ(field(c.key, c.field), c.value) << c.control;
     }
 }
@@ -180,7 +182,7 @@ TEST_F(SettingsStore, BlackPresetWritesNineChannelColoursAndTheTwoRows) {
     colorpreset(st, 40);
     EXPECT_EQ(field("bxianbackcolor", "shuzhi"), "0");
     EXPECT_EQ(field("biaochicolor", "shuzhi"), std::to_string(rgb(230, 230, 230)));
-    const std::uint32_t expected[9] = {rgb(192, 0, 255), rgb(0, 0, 255),  rgb(255, 255, 0),
+    const std::uint32_t expected[9] = {rgb(192, 0, 255), rgb(0, 0, 255),   rgb(255, 255, 0),
                                        rgb(0, 255, 255), rgb(255, 192, 0), rgb(255, 64, 255),
                                        rgb(0, 192, 0),   rgb(255, 0, 0),   rgb(255, 255, 255)};
     for (int c = 0; c < 9; ++c) {

@@ -28,7 +28,9 @@ TEST_F(Startup, QuotedPathWithSpacesWorks) {
     EXPECT_FALSE(st.process.ended);
 }
 
-TEST_F(Startup, EveryQuoteOfTheArgumentGoes) { EXPECT_EQ(stripquotes("\"a\"b\" c\""), "ab c"); }
+TEST_F(Startup, EveryQuoteOfTheArgumentGoes) {
+    EXPECT_EQ(stripquotes("\"a\"b\" c\""), "ab c");
+}
 
 TEST_F(Startup, LowerCaseExtensionPasses) {
     std::string path = writefile("run.ktr", "");
@@ -141,8 +143,10 @@ TEST_F(Startup, CaptionFollowsTheBuildVariant) {
 
 TEST_F(Startup, ProcessesAreCountedByTheirExecutable) {
     auto proc = temp.path() / "proc";
-    for (auto [pid, exe] : {std::pair{"101", "/opt/orvane/orvane"}, {"102", "/opt/orvane/orvane"},
-                            {"103", "/usr/bin/bash"}, {"self", "/opt/orvane/orvane"}}) {
+    for (auto [pid, exe] : {std::pair{"101", "/opt/orvane/orvane"},
+                            {"102", "/opt/orvane/orvane"},
+                            {"103", "/usr/bin/bash"},
+                            {"self", "/opt/orvane/orvane"}}) {
         std::filesystem::create_directories(proc / pid);
         std::filesystem::create_symlink(exe, proc / pid / "exe");
     }

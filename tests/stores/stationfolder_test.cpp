@@ -25,7 +25,8 @@ TEST_F(StationFolder, HomeVariableNamesTheFolder) {
 
 TEST_F(StationFolder, FirstStartMakesTheThreeDatabases) {
     start();
-    for (const char* name : {"gpsx.db", "color.db", "yqhbz.db"}) EXPECT_TRUE(fs::exists(fs::path(home) / name)) << name;
+    for (const char* name : {"gpsx.db", "color.db", "yqhbz.db"})
+        EXPECT_TRUE(fs::exists(fs::path(home) / name)) << name;
     EXPECT_FALSE(fs::exists(fs::path(home) / "gpsx.db.partial"));
 }
 
@@ -55,7 +56,8 @@ TEST_F(StationFolder, EverySettingRowIsSeeded) {
     for (const char* key : {"bofsd", "diandx", "zuhfj", "shoudbjz", "guolv"})
         EXPECT_EQ(st.colordb->scalar("select count(*) from color where weizhi=?", {key}).number(), 1) << key;
     EXPECT_EQ(st.colordb->scalar("select shuzhi from color where weizhi='bxianbackcolor'").integer, 0);
-    EXPECT_EQ(st.colordb->scalar("select shuzhi from color where weizhi='biaochicolor'").integer, rgb(230, 230, 230));
+    EXPECT_EQ(st.colordb->scalar("select shuzhi from color where weizhi='biaochicolor'").integer,
+              rgb(230, 230, 230));
 }
 
 TEST_F(StationFolder, MarkTablesAndMasterDataAreSeeded) {
@@ -70,7 +72,8 @@ TEST_F(StationFolder, MarkTablesAndMasterDataAreSeeded) {
 
 TEST_F(StationFolder, FilterLevelsStartAt256AndChannelEAtOne) {
     start();
-    auto row = st.colordb->rows("select shuzhi,shuzhibf,apy,bpy,cpy,dpy,epy,fpy,gpy from color where weizhi='guolv'");
+    auto row = st.colordb->rows(
+        "select shuzhi,shuzhibf,apy,bpy,cpy,dpy,epy,fpy,gpy from color where weizhi='guolv'");
     ASSERT_EQ(row.size(), 1u);
     for (int i = 0; i < 9; ++i) EXPECT_EQ(row[0][i].integer, i == 6 ? 1 : 256) << i;
 }

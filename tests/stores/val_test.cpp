@@ -5,9 +5,15 @@
 
 using orvane::stores::vbval;
 
-TEST(Val, LeadingBlanksAreSkipped) { EXPECT_EQ(vbval("   12"), 12); }
-TEST(Val, LongestNumericPrefixCounts) { EXPECT_EQ(vbval("12abc"), 12); }
-TEST(Val, LeadingZerosReadAsTheSameNumber) { EXPECT_EQ(vbval("012"), 12); }
+TEST(Val, LeadingBlanksAreSkipped) {
+    EXPECT_EQ(vbval("   12"), 12);
+}
+TEST(Val, LongestNumericPrefixCounts) {
+    EXPECT_EQ(vbval("12abc"), 12);
+}
+TEST(Val, LeadingZerosReadAsTheSameNumber) {
+    EXPECT_EQ(vbval("012"), 12);
+}
 TEST(Val, NoNumberGivesZero) {
     EXPECT_EQ(vbval("x"), 0);
     EXPECT_EQ(vbval(""), 0);
@@ -20,7 +26,9 @@ TEST(Val, DecimalsSignsAndExponents) {
     EXPECT_DOUBLE_EQ(vbval("2D3"), 2000);
     EXPECT_DOUBLE_EQ(vbval("7e"), 7);
 }
-TEST(Val, BlanksInsideTheNumberArePassedOver) { EXPECT_EQ(vbval(" 1 615 198th"), 1615198); }
+TEST(Val, BlanksInsideTheNumberArePassedOver) {
+    EXPECT_EQ(vbval(" 1 615 198th"), 1615198);
+}
 TEST(Val, HexadecimalAndOctalPrefixes) {
     EXPECT_EQ(vbval("&H1F"), 31);
     EXPECT_EQ(vbval("&hff"), 255);
@@ -36,7 +44,8 @@ TEST_F(ValInSql, StaffNumbersWithLeadingZerosMatchTheNumber) {
     start();
     st.gpsxdb->exec("insert into gzryb values ('012', 'x1', 'a', 'b')");
     EXPECT_EQ(st.gpsxdb->scalar("select count(*) from gzryb where val(bh)=12").number(), 2); // '12' and '012'
-    EXPECT_EQ(st.gpsxdb->scalar("select count(*) from gzryb where val(bh)=CAST(? AS NUMERIC)", {"12"}).number(), 2);
+    EXPECT_EQ(
+        st.gpsxdb->scalar("select count(*) from gzryb where val(bh)=CAST(? AS NUMERIC)", {"12"}).number(), 2);
 }
 
 TEST_F(ValInSql, NumbersThatAreNotNumbersMatchNothing) {

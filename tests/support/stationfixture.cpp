@@ -18,7 +18,8 @@ FixedClock::FixedClock() {
 
 TempFolder::TempFolder() {
     std::random_device rd;
-    path_ = std::filesystem::temp_directory_path() / ("orvane-test-" + std::to_string(rd()) + std::to_string(rd()));
+    path_ = std::filesystem::temp_directory_path() /
+            ("orvane-test-" + std::to_string(rd()) + std::to_string(rd()));
     std::filesystem::create_directories(path_);
 }
 
@@ -34,7 +35,9 @@ StationTest::StationTest() : home(temp.file("home")) {
     st.countinstances = [] { return 1; };
 }
 
-void StationTest::start(const std::string& language) { entry(st, home, language); }
+void StationTest::start(const std::string& language) {
+    entry(st, home, language);
+}
 
 std::string StationTest::writefile(const std::string& name, const std::string& bytes) {
     std::string path = temp.file(name);
