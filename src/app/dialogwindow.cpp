@@ -29,10 +29,12 @@ QString qtfilter(const std::string& filter) {
 } // namespace
 
 void DialogUi::message(const std::string& text) {
+    prepare();
     QMessageBox::information(parent_, QString(), q(text));
 }
 
 bool DialogUi::askyesno(const std::string& text) {
+    prepare();
     return QMessageBox::question(parent_, QString(), q(text), QMessageBox::Yes | QMessageBox::No) ==
            QMessageBox::Yes;
 }

@@ -2,6 +2,8 @@
 // The Ui port with Qt dialogs, and the bar pb1 of the main window during a walk.
 #include "app/ports.h"
 
+#include <functional>
+
 class QProgressBar;
 class QWidget;
 
@@ -11,6 +13,8 @@ class DialogUi : public Ui {
   public:
     void setparent(QWidget* parent) { parent_ = parent; }
     void setbar(QProgressBar* bar) { bar_ = bar; }
+    // Lets the window show the state the logic left before a dialog covers it.
+    void setbeforedialog(std::function<void()> refresh) { beforedialog_ = std::move(refresh); }
 
     void message(const std::string& text) override;
     bool askyesno(const std::string& text) override;
@@ -25,6 +29,10 @@ class DialogUi : public Ui {
   private:
     QWidget* parent_ = nullptr;
     QProgressBar* bar_ = nullptr;
+    std::function<void()> beforedialog_;
+    void prepare() {
+        if (beforedialog_) beforedialog_();
+    }
 };
 
 } // namespace orvane

@@ -46,12 +46,14 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
 
     ui_.setparent(this);
     ui_.setbar(pb1_);
+    ui_.setbeforedialog([this] { refresh(); });
     resize(1280, 720);
     refresh();
 }
 
 Form28Window::~Form28Window() {
     ui_.setbar(nullptr);
+    ui_.setbeforedialog(nullptr);
     ui_.setparent(nullptr);
 }
 
