@@ -1,6 +1,7 @@
 #pragma once
 // The station: the two sides of the session, the shared scalars, the state of the main
 // window Form28, the settings in force and the ports to the outside world.
+#include "app/grids.h"
 #include "app/ports.h"
 #include "app/settings.h"
 
@@ -15,11 +16,67 @@
 namespace orvane {
 
 // Everything that has a comparison twin. The station holds two: zhu (main) and cong (comparison).
+// The comparison side's lists have the same bounds; its raw grid keeps only ten columns.
 struct Side {
+    explicit Side(bool main);
+
+    const bool main;       // zhu, or else cong
+    std::int64_t gridlast; // the highest row the side's grids may have
+
     std::string filepath;
     std::int32_t segmentbase = 0;
     std::int32_t lastposition = 0;
+    std::int16_t abortflag = 0;
+
+    // Event lists with their counters; each ends with a sentinel behind its count after a load.
+    std::vector<std::string> gpstext;
+    std::vector<std::int32_t> gpspos;
+    std::int32_t gpscount = 0;
+    std::vector<bool> suppressionon; // main side only
+    std::vector<std::string> jobrec;
+    std::vector<std::int32_t> jobpos;
+    std::int32_t jobcount = 0;
+    std::vector<std::string> paramrec;
+    std::vector<std::int32_t> parampos;
+    std::int32_t paramcount = 0;
+    std::vector<std::string> marktext;
+    std::vector<std::int32_t> markpos;
+    std::int32_t markcount = 0;
+    std::vector<std::string> sampleclock;
+    std::vector<std::int32_t> samplepos;
+    std::vector<float> samplespeed;
+    std::vector<std::string> speedhex; // main side only
     std::int32_t samplecount = 0;
+    std::vector<std::int32_t> fepos;
+    std::vector<std::int16_t> feval;
+    std::int32_t fecount = 0;
+    std::vector<std::int32_t> fdpos; // main side only
+    std::vector<std::int16_t> fdval;
+    std::int32_t fdcount = 0;
+    std::vector<std::int32_t> stoplist;
+    std::int32_t stopcount = 0;
+    std::vector<std::int32_t> quarterindex;
+    std::int32_t quartercount = 0;
+    std::int32_t quarterlast = 0;
+
+    // Per channel, from the parameter record in force.
+    std::array<std::string, 9> channelkind{};
+    std::array<std::int16_t, 9> channelscale{};
+    std::array<std::int16_t, 9> pinkongval{};
+    std::int16_t foldvalue = 0;
+
+    // The range of the replay scroll bar HScrolljd: 0 to Int(lastposition / 300).
+    std::int32_t scrollmax = 0;
+
+    // Per position: the scaled value of columns 0..12, the raw value byte, the kilometre.
+    Grid<std::int16_t, 13> samplegrid;
+    Grid<std::uint8_t, 13> rawgrid; // the comparison side uses columns 0..9
+    Grid<float, 1> mileage;
+
+    // Makes the grids reach POSITION; false when that is past the side's bound.
+    bool reachgrids(std::int64_t position);
+    // Gives back the room the grids took while growing, once a walk is through.
+    void fitgrids();
 };
 
 // The controls of Form28 whose values a rule reads or writes, under their control names.
@@ -57,8 +114,8 @@ struct Station {
     std::string buildvariant = "haerbin";
     std::string tarvikmode = "feitarvik";
 
-    Side zhu;
-    Side cong;
+    Side zhu{true};
+    Side cong{false};
     std::string playside = "zhu";
 
     // Shared scalars of the window.
@@ -68,6 +125,11 @@ struct Station {
     std::string sessionstart; // "hhmmss" when the window loaded
     int instancecount = 0;
     std::int32_t baseoffset = 800;
+    std::int32_t restartcount = 0;
+    std::int16_t analystcount = 0;
+    std::int16_t pinkonghit = 0;
+    std::string subwayflag = "feibeijingditie";
+    std::string bureauflag = "feibjj";
     bool activated = false; // first activation has run
 
     // Constants of the picture, set when the window loads.

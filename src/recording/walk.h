@@ -1,12 +1,18 @@
 #pragma once
 // The walk of a recording: record by record into the session model of one side.
+#include <string>
+
 namespace orvane {
 
 struct Station;
 struct Side;
 
-// Walks the recording of SIDE. Until the record decoders exist it reads nothing: the side is reset
-// and stays empty, so every recording shows "没有数据！".
+// Walks the recording of SIDE: resets the side, decodes every record, then fixes the end position,
+// completes the mileage and writes the sentinels. The comparison side is refused with the path
+// and "有误" when its file does not exist or its name does not end in "R".
 void walkfile(Station& st, Side& side);
+
+// Fills the unknown kilometres between two samples at most 0.4 km apart, linearly.
+void completemileage(Side& side);
 
 } // namespace orvane
