@@ -12,7 +12,9 @@ namespace {
 const double shearspeed = static_cast<double>(0.0323f);
 const double longitudinalspeed = static_cast<double>(0.0593f);
 
-int hexdigit(char c) { return c >= '0' && c <= '9' ? c - '0' : c >= 'A' && c <= 'F' ? c - 'A' + 10 : -1; }
+int hexdigit(char c) {
+    return c >= '0' && c <= '9' ? c - '0' : c >= 'A' && c <= 'F' ? c - 'A' + 10 : -1;
+}
 
 // The kind of a channel as a number; a text that is not two hexadecimal digits matches no kind.
 int kindvalue(const std::string& kind) {
@@ -31,8 +33,10 @@ void appendmark(Side& side, const std::string& text, std::int32_t p) {
 
 // Writes a mark value at p, or 20 positions on when a restart marker stands there.
 void markbesiderestart(Side& side, std::int32_t p, std::int16_t value) {
-    if (side.samplegrid[p][9] == 23) side.samplegrid[p + 20][9] = value;
-    else side.samplegrid[p][9] = value;
+    if (side.samplegrid[p][9] == 23)
+        side.samplegrid[p + 20][9] = value;
+    else
+        side.samplegrid[p][9] = value;
 }
 
 void hit(Side& side, std::int32_t p, int column, double speed, int m, int value, bool withraw) {
@@ -66,17 +70,35 @@ void operatorevent(Station& st, Side& side, std::int32_t p, int value) {
 void act(Station& st, Side& side, std::int32_t p, int code, int kind, int value) {
     const bool main = side.main;
     switch (kind) {
-    case 0x45: case 0x44: case 0x49: case 0x4A: case 0x4B: case 0x48: case 0x47: case 0x46: case 0x25: case 0x26:
+    case 0x45:
+    case 0x44:
+    case 0x49:
+    case 0x4A:
+    case 0x4B:
+    case 0x48:
+    case 0x47:
+    case 0x46:
+    case 0x25:
+    case 0x26:
         hit(side, p, code - 1, shearspeed, code - 1, value, true);
         break;
-    case 0x12: case 0x13:
+    case 0x12:
+    case 0x13:
         if (main) hit(side, p, code - 1, longitudinalspeed, code - 1, value, true);
         break;
-    case 0x00: hit(side, p, 8, longitudinalspeed, code - 1, value, true); break;
+    case 0x00:
+        hit(side, p, 8, longitudinalspeed, code - 1, value, true);
+        break;
     // The second values of G, H and I; the comparison side has no raw column for them.
-    case 0x0B: hit(side, p, 10, shearspeed, 6, value, main); break;
-    case 0x0C: hit(side, p, 11, shearspeed, 7, value, main); break;
-    case 0x0D: hit(side, p, 12, longitudinalspeed, 8, value, main); break;
+    case 0x0B:
+        hit(side, p, 10, shearspeed, 6, value, main);
+        break;
+    case 0x0C:
+        hit(side, p, 11, shearspeed, 7, value, main);
+        break;
+    case 0x0D:
+        hit(side, p, 12, longitudinalspeed, 8, value, main);
+        break;
     case 0xFB:
         if (main && value >= 1) {
             side.samplegrid[p][9] = static_cast<std::int16_t>(value + 100);
@@ -98,8 +120,11 @@ void act(Station& st, Side& side, std::int32_t p, int code, int kind, int value)
         side.fepos[side.fecount] = p;
         side.feval[side.fecount++] = static_cast<std::int16_t>(value);
         break;
-    case 0xFF: operatorevent(st, side, p, value); break;
-    default: break;
+    case 0xFF:
+        operatorevent(st, side, p, value);
+        break;
+    default:
+        break;
     }
     // Turnout numbers: codes F0..F4 carry the hundreds, codes 95..C5 the number itself.
     if (kind >> 4 == 0xF && (kind & 0xF) < 5) {

@@ -21,13 +21,18 @@ std::string hexbits(std::string_view digits) {
     static const char table[] = "0000000100100011010001010110011110001001101010111100110111101111";
     std::string out;
     for (char c : digits) {
-        int d = c >= '0' && c <= '9' ? c - '0' : c >= 'A' && c <= 'F' ? c - 'A' + 10 : c >= 'a' && c <= 'f' ? c - 'a' + 10 : 0;
+        int d = c >= '0' && c <= '9'   ? c - '0'
+                : c >= 'A' && c <= 'F' ? c - 'A' + 10
+                : c >= 'a' && c <= 'f' ? c - 'a' + 10
+                                       : 0;
         out.append(table + 4 * d, 4);
     }
     return out;
 }
 
-bool between(double a, double p, double b) { return (a >= p && b < p) || (a <= p && b > p); }
+bool between(double a, double p, double b) {
+    return (a >= p && b < p) || (a <= p && b > p);
+}
 
 std::string hexof(const std::uint8_t* bytes, std::size_t length) {
     static const char digits[] = "0123456789ABCDEF";

@@ -47,7 +47,8 @@ void decodesample(Station& st, Side& side, const std::uint8_t* record) {
             side.samplespeed[n] = samplespeedof(st, text.substr(14, 2));
             if (side.main) side.speedhex[n] = text.substr(14, 2);
             side.sampleclock[n] = text.substr(0, 14);
-            side.mileage[position][0] = static_cast<float>(stores::vbval(text.substr(6, 4) + "." + text.substr(10, 3)));
+            side.mileage[position][0] =
+                static_cast<float>(stores::vbval(text.substr(6, 4) + "." + text.substr(10, 3)));
             ++side.samplecount;
         } else if (entry[0] == 0x47) {
             if (side.samplecount == 0) return;

@@ -57,13 +57,24 @@ void resetside(Station& st, Side& side) {
 
 void dispatch(Station& st, Side& side, const std::uint8_t* record) {
     switch (record[0]) {
-    case 0x42: decodedetection(st, side, record); break;
-    case 0x43: storeparam(st, side, record); break;
+    case 0x42:
+        decodedetection(st, side, record);
+        break;
+    case 0x43:
+        storeparam(st, side, record);
+        break;
     case 0x45:
-    case 0x57: storejob(st, side, record); break;
-    case 0x4D: decodesample(st, side, record); break;
-    case 0x53: restartsegment(st, side, record); break;
-    default: break; // empty records, analysis records of a later session, unknown types
+    case 0x57:
+        storejob(st, side, record);
+        break;
+    case 0x4D:
+        decodesample(st, side, record);
+        break;
+    case 0x53:
+        restartsegment(st, side, record);
+        break;
+    default:
+        break; // empty records, analysis records of a later session, unknown types
     }
 }
 
@@ -151,8 +162,8 @@ void walkfile(Station& st, Side& side) {
         side.lastposition = side.jobpos[side.jobcount - 1] + 400;
     if (side.samplecount == 0) return;
     if (!side.reachgrids(side.lastposition)) {
-        st.ui->message("记录位置超出范围：" + side.filepath + "，结束位置 " + std::to_string(side.lastposition) +
-                       " 截至 " + std::to_string(side.gridlast));
+        st.ui->message("记录位置超出范围：" + side.filepath + "，结束位置 " +
+                       std::to_string(side.lastposition) + " 截至 " + std::to_string(side.gridlast));
         side.lastposition = static_cast<std::int32_t>(side.gridlast);
     }
 

@@ -113,8 +113,8 @@ TEST_F(Walk, SecondOfTwoRestartsUsesTheLastPositionWhenGreater) {
 TEST_F(Walk, RestartTakesTheLastGpsPositionWhenFurther) {
     KtrBuilder b = started();
     b.samples({Sample{.step = 100}});
-    b.sampleentries({KtrBuilder::sampleentry(Sample{.step = 3000}), KtrBuilder::gpsfirst("451230001261234500"),
-                     KtrBuilder::gpssecond("00")});
+    b.sampleentries({KtrBuilder::sampleentry(Sample{.step = 3000}),
+                     KtrBuilder::gpsfirst("451230001261234500"), KtrBuilder::gpssecond("00")});
     b.job(0x53, 0);
     Side& s = load(b);
     EXPECT_EQ(s.segmentbase, 3800 + 1000);
@@ -237,7 +237,9 @@ TEST_F(Walk, RandomBytesLoadWithoutFault) {
 
 TEST_F(Walk, MainPositionAboveTheLimitStopsTheLoadWithTheMessage) {
     KtrBuilder b = started();
-    b.detection({{100, 1, 5}}).detection({{6395000 - 800, 1, 7}}).detection({{6395001 - 800, 1, 9}, {10, 1, 1}});
+    b.detection({{100, 1, 5}})
+        .detection({{6395000 - 800, 1, 7}})
+        .detection({{6395001 - 800, 1, 9}, {10, 1, 1}});
     Side& s = load(b);
     ASSERT_EQ(ui.messages.size(), 1u);
     EXPECT_EQ(ui.messages[0], "数据量过于庞大或数据有误!无法完整显示!6395001  6191590109");

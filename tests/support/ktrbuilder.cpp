@@ -15,13 +15,16 @@ void put24(std::uint8_t* at, std::int32_t v) {
 
 std::vector<std::uint8_t> fromhex(const std::string& hex) {
     std::vector<std::uint8_t> out;
-    for (std::size_t i = 0; i + 1 < hex.size(); i += 2) out.push_back(static_cast<std::uint8_t>(std::stoi(hex.substr(i, 2), nullptr, 16)));
+    for (std::size_t i = 0; i + 1 < hex.size(); i += 2)
+        out.push_back(static_cast<std::uint8_t>(std::stoi(hex.substr(i, 2), nullptr, 16)));
     return out;
 }
 
 } // namespace
 
-std::uint8_t bcd(int value) { return static_cast<std::uint8_t>((value / 10 % 10) * 16 + value % 10); }
+std::uint8_t bcd(int value) {
+    return static_cast<std::uint8_t>((value / 10 % 10) * 16 + value % 10);
+}
 
 KtrBuilder& KtrBuilder::param(const Param& p) {
     Record r{};
@@ -122,6 +125,8 @@ std::string KtrBuilder::bytes() const {
     return out;
 }
 
-void KtrBuilder::write(const std::string& path) const { std::ofstream(path, std::ios::binary) << bytes(); }
+void KtrBuilder::write(const std::string& path) const {
+    std::ofstream(path, std::ios::binary) << bytes();
+}
 
 } // namespace orvane::testkit

@@ -25,7 +25,8 @@ struct Sample {
 };
 
 // The KRM-5T layout of channel kinds A to I.
-inline constexpr std::array<std::uint8_t, 9> krmkinds = {0x47, 0x46, 0x49, 0x48, 0x4B, 0x4A, 0x25, 0x26, 0x00};
+inline constexpr std::array<std::uint8_t, 9> krmkinds = {0x47, 0x46, 0x49, 0x48, 0x4B,
+                                                         0x4A, 0x25, 0x26, 0x00};
 
 struct Param {
     std::int32_t step = 0;
