@@ -17,17 +17,17 @@ template <class T, int COLUMNS> class Grid {
     const T* operator[](std::int64_t position) const {
         return &cells_[static_cast<std::size_t>(position) * COLUMNS];
     }
-    // Makes room for rows up to LAST; earlier rows keep their values and new rows start at zero.
-    // Room grows by half again each time, so a walk copies its grids only a few times.
-    void reserverows(std::int64_t last) {
+    // Makes room for rows up to LAST, which may not pass MAXLAST; earlier rows keep their values and
+    // new rows start at zero. The first call takes address room for every row the side may have: the
+    // system hands out memory only for the pages that are written, so a short recording costs
+    // little, and the rows never move.
+    void reserverows(std::int64_t last, std::int64_t maxlast) {
         const std::size_t need = static_cast<std::size_t>(last + 1) * COLUMNS;
         if (need <= cells_.size()) return;
-        if (need > cells_.capacity()) cells_.reserve(std::max(need, cells_.capacity() / 2 * 3));
+        if (cells_.capacity() == 0) cells_.reserve(static_cast<std::size_t>(maxlast + 1) * COLUMNS);
         cells_.resize(need);
     }
-    // Gives back the room beyond the rows in use.
-    void fit() { std::vector<T>(cells_.begin(), cells_.end()).swap(cells_); }
-    std::size_t bytes() const { return cells_.capacity() * sizeof(T); }
+    std::size_t bytes() const { return cells_.size() * sizeof(T); }
 
   private:
     std::vector<T> cells_;

@@ -74,9 +74,15 @@ struct Side {
     Grid<float, 1> mileage;
 
     // Makes the grids reach POSITION; false when that is past the side's bound.
-    bool reachgrids(std::int64_t position);
-    // Gives back the room the grids took while growing, once a walk is through.
-    void fitgrids();
+    bool reachgrids(std::int64_t position) {
+        return position < gridrows && position >= 0 ? true : growgrids(position);
+    }
+    std::int64_t gridrows = 0; // rows the grids have now
+
+  private:
+    bool growgrids(std::int64_t position);
+
+  public:
 };
 
 // The controls of Form28 whose values a rule reads or writes, under their control names.

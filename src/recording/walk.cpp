@@ -190,7 +190,6 @@ void walkfile(Station& st, Side& side) {
     side.quarterindex[0] = 0;
     side.quarterlast = (side.quartercount + 3) / 4;
     side.quarterindex[side.quarterlast] = side.lastposition + 500;
-    side.fitgrids();
 }
 
 } // namespace orvane

@@ -1,0 +1,134 @@
+// The walk of a large recording beside a plain read of the same file and a walk that builds the
+// hexadecimal text of every record and reads its fields from the text.
+#include "app/scriptedui.h"
+#include "app/station.h"
+#include "recording/hex.h"
+#include "recording/walk.h"
+
+#include <array>
+#include <benchmark/benchmark.h>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// About 100 MB: a parameter record, then detection records of 51 hits with a sample record
+// every twenty, 12 steps a record.
+const std::string& largerecording() {
+    static const std::string path = [] {
+        const fs::path file = fs::temp_directory_path() / "orvane-bench-walk.ktr";
+        const std::size_t records = 400000;
+        if (fs::exists(file) && fs::file_size(file) == records * 256) return file.string();
+        std::ofstream out(file, std::ios::binary);
+        std::array<std::uint8_t, 256> r{};
+        r[0] = 0x43;
+        const std::uint8_t kinds[9] = {0x47, 0x46, 0x49, 0x48, 0x4B, 0x4A, 0x25, 0x26, 0x00};
+        for (int k = 0; k < 9; ++k) r[1 + k] = 1, r[165 + k] = kinds[k];
+        out.write(reinterpret_cast<char*>(r.data()), 256);
+        std::int32_t step = 0;
+        for (std::size_t n = 1; n < records; ++n) {
+            r.fill(0);
+            if (n % 20 == 0) {
+                r[0] = 0x4D;
+                std::uint8_t* e = &r[1];
+                e[0] = 0x10, e[3] = 0x01, e[4] = 0x23, e[7] = 0x25;
+                e[8] = step >> 16, e[9] = step >> 8, e[10] = step;
+            } else {
+                r[0] = 0x42;
+                for (int i = 0; i < 51; ++i) {
+                    std::uint8_t* e = &r[1 + 5 * i];
+                    std::int32_t s = step + i / 5;
+                    e[0] = s >> 16, e[1] = s >> 8, e[2] = s;
+                    e[3] = static_cast<std::uint8_t>(1 + i % 9);
+                    e[4] = static_cast<std::uint8_t>(40 + i);
+                }
+                step += 12;
+            }
+            out.write(reinterpret_cast<char*>(r.data()), 256);
+        }
+        return file.string();
+    }();
+    return path;
+}
+
+void PlainRead(benchmark::State& state) {
+    const std::string& path = largerecording();
+    std::vector<char> block(1 << 20);
+    for (auto _ : state) {
+        std::ifstream in(path, std::ios::binary);
+        std::size_t sum = 0;
+        while (in.read(block.data(), block.size()) || in.gcount() > 0) sum += block[0] + in.gcount();
+        benchmark::DoNotOptimize(sum);
+    }
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(fs::file_size(path)));
+}
+BENCHMARK(PlainRead)->Unit(benchmark::kMillisecond);
+
+void Walk(benchmark::State& state) {
+    const std::string& path = largerecording();
+    orvane::ScriptedUi ui;
+    std::int32_t last = 0;
+    std::size_t gridbytes = 0;
+    for (auto _ : state) {
+        orvane::Station st;
+        st.ui = &ui;
+        st.zhu.filepath = path;
+        orvane::walkfile(st, st.zhu);
+        last = st.zhu.lastposition;
+        gridbytes = st.zhu.samplegrid.bytes() + st.zhu.rawgrid.bytes() + st.zhu.mileage.bytes();
+    }
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(fs::file_size(path)));
+    state.counters["lastposition"] = last;
+    state.counters["grid_bytes_per_position"] = static_cast<double>(gridbytes) / last;
+    long peak = 0;
+    if (FILE* f = std::fopen("/proc/self/status", "r")) {
+        char line[256];
+        while (std::fgets(line, sizeof line, f))
+            if (std::strncmp(line, "VmHWM:", 6) == 0) peak = std::atol(line + 6);
+        std::fclose(f);
+    }
+    state.counters["peak_rss_MB"] = peak / 1024.0;
+}
+BENCHMARK(Walk)->Unit(benchmark::kMillisecond);
+
+// The baseline: every record becomes its 512-character text, pair by pair, and every field is read
+// back from the text.
+void HexImageWalk(benchmark::State& state) {
+    const std::string& path = largerecording();
+    std::vector<std::int16_t> grid(static_cast<std::size_t>(6400001) * 13);
+    for (auto _ : state) {
+        std::ifstream in(path, std::ios::binary);
+        std::array<std::uint8_t, 256> r{};
+        std::int64_t cells = 0;
+        while (in.read(reinterpret_cast<char*>(r.data()), 256)) {
+            std::string hex;
+            for (std::uint8_t b : r) hex += orvane::hexbyte(b);
+            if (hex.substr(0, 2) != "42") continue;
+            for (int i = 0; i <= 50; ++i) {
+                std::string entry = hex.substr(10 * i + 2, 10);
+                if (entry == "0000000000") break;
+                long p = std::stol(entry.substr(0, 6), nullptr, 16) + 800;
+                long code = std::stol(entry.substr(6, 2), nullptr, 16);
+                long value = std::stol(entry.substr(8, 2), nullptr, 16);
+                if (code >= 1 && code <= 9 && p <= 6400000) {
+                    grid[static_cast<std::size_t>(p) * 13 + code - 1] =
+                        static_cast<std::int16_t>(value * 0.0323);
+                    ++cells;
+                }
+            }
+        }
+        benchmark::DoNotOptimize(cells);
+    }
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(fs::file_size(path)));
+}
+BENCHMARK(HexImageWalk)->Unit(benchmark::kMillisecond)->Iterations(1);
+
+} // namespace
+
+BENCHMARK_MAIN();
