@@ -1,6 +1,10 @@
 #pragma once
 // The commands of orvane-cli.
+#include <cstdint>
+#include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace orvane {
 struct Station;
@@ -10,5 +14,15 @@ namespace orvane::cli {
 
 // The settings as the station loaded them: the color rows as stored, the mark names, the values in force.
 std::string settingsjson(Station& st);
+
+// The ranges of positions that dump lists cell by cell.
+struct DumpRanges {
+    std::optional<std::pair<std::int64_t, std::int64_t>> cells;
+    std::optional<std::pair<std::int64_t, std::int64_t>> mileage;
+};
+
+// The main side as the first activation leaves it: counters, lists, channels and the ranges asked for.
+std::string dumpjson(Station& st, const std::string& file, const std::vector<std::string>& messages,
+                     const DumpRanges& ranges);
 
 } // namespace orvane::cli

@@ -19,8 +19,9 @@
 
 namespace {
 
-constexpr const char* usage =
-    "usage: orvane-cli settings [--seed N] [--set NAME=VALUE]... [--answer TEXT]... [-o FILE]";
+constexpr const char* usage = "usage: orvane-cli settings|dump FILE [--cells FROM:TO] [--mileage FROM:TO] "
+                              "[--seed N] [--set NAME=VALUE]... "
+                              "[--answer TEXT]... [-o FILE]";
 
 struct Arguments {
     std::string command;
@@ -29,7 +30,23 @@ struct Arguments {
     std::vector<std::pair<std::string, std::string>> sets;
     std::vector<std::string> answers;
     std::string output;
+    orvane::cli::DumpRanges ranges;
 };
+
+// FROM:TO as two whole numbers.
+std::optional<std::pair<std::int64_t, std::int64_t>> range(const std::string& text) {
+    auto colon = text.find(':');
+    if (colon == std::string::npos) return std::nullopt;
+    try {
+        std::size_t a = 0, b = 0;
+        std::int64_t from = std::stoll(text.substr(0, colon), &a),
+                     to = std::stoll(text.substr(colon + 1), &b);
+        if (a != colon || b != text.size() - colon - 1) return std::nullopt;
+        return std::pair{from, to};
+    } catch (const std::exception&) {
+        return std::nullopt;
+    }
+}
 
 int badarguments(const std::string& why) {
     std::cerr << "orvane-cli: " << why << "\n" << usage << "\n";
@@ -67,6 +84,11 @@ std::optional<std::string> parse(int argc, char** argv, Arguments& a) {
             auto v = next();
             if (!v) return "--answer needs a text";
             a.answers.push_back(*v);
+        } else if (arg == "--cells" || arg == "--mileage") {
+            auto v = next();
+            auto r = v ? range(*v) : std::nullopt;
+            if (!r) return arg + " needs FROM:TO";
+            (arg == "--cells" ? a.ranges.cells : a.ranges.mileage) = r;
         } else if (arg == "-o") {
             auto v = next();
             if (!v) return "-o needs a file";
@@ -96,8 +118,10 @@ int writeoutput(const Arguments& a, const std::string& text) {
 int main(int argc, char** argv) {
     Arguments args;
     if (auto error = parse(argc, argv, args)) return badarguments(*error);
-    if (args.command != "settings") return badarguments("unknown command " + args.command);
-    if (!args.positional.empty()) return badarguments("settings takes no file");
+    if (args.command != "settings" && args.command != "dump")
+        return badarguments("unknown command " + args.command);
+    if (args.command == "settings" && !args.positional.empty()) return badarguments("settings takes no file");
+    if (args.command == "dump" && args.positional.size() != 1) return badarguments("dump takes one file");
 
     orvane::Station st;
     orvane::ScriptedUi ui;
@@ -129,6 +153,14 @@ int main(int argc, char** argv) {
     }
 
     try {
+        if (args.command == "dump") {
+            const std::string& file = args.positional[0];
+            orvane::windowload(st, file);
+            if (st.process.ended)
+                return failed(ui.messages.empty() ? file + " cannot be opened" : ui.messages.back());
+            orvane::windowactivate(st);
+            return writeoutput(args, orvane::cli::dumpjson(st, file, ui.messages, args.ranges));
+        }
         return writeoutput(args, orvane::cli::settingsjson(st));
     } catch (const std::exception& e) {
         return failed(e.what());

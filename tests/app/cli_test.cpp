@@ -1,4 +1,5 @@
 // The headless front, run as a user runs it.
+#include "ktrbuilder.h"
 #include "stationfixture.h"
 
 #include <array>
@@ -70,6 +71,46 @@ TEST_F(Cli, AStationThatCannotStartExitsWithOne) {
     CliRun r = cli("settings");
     EXPECT_EQ(r.status, 1);
     EXPECT_TRUE(r.out.empty());
+}
+
+} // namespace
+
+namespace {
+
+class CliDump : public Cli {};
+
+TEST_F(CliDump, DumpPrintsTheWalkedCountersAndLists) {
+    using orvane::testkit::KtrBuilder;
+    using orvane::testkit::Sample;
+    KtrBuilder b;
+    b.param().samples(
+        {Sample{.km = 10, .metres = 0, .step = 0}, Sample{.km = 10, .metres = 100, .step = 100}});
+    b.detection({{10, 1, 50}, {20, 0xFF, 0x0A}});
+    std::string path = writefile("run.ktr", b.bytes());
+    CliRun r = cli("dump " + path + " --cells 810:811 --mileage 850:850");
+    ASSERT_EQ(r.status, 0);
+    EXPECT_NE(r.out.find("\"messages\":[]"), std::string::npos) << r.out;
+    EXPECT_NE(r.out.find("\"samplecount\":2"), std::string::npos);
+    EXPECT_NE(r.out.find("\"lastposition\":1300"), std::string::npos);
+    EXPECT_NE(r.out.find("\"samplepos\":[0,900,1300]"), std::string::npos);
+    EXPECT_NE(r.out.find("\"marktext\":[\"0\"]"), std::string::npos);
+    EXPECT_NE(r.out.find("\"cells\":[[810,0,2,50]]"), std::string::npos);
+    EXPECT_NE(r.out.find("\"mileage\":[[850,10.05]]"), std::string::npos);
+}
+
+TEST_F(CliDump, DumpOfAnEmptyRecordingKeepsEveryKey) {
+    std::string path = writefile("empty.ktr", "");
+    CliRun r = cli("dump " + path);
+    ASSERT_EQ(r.status, 0);
+    EXPECT_NE(r.out.find("\"messages\":[\"没有数据！\"]"), std::string::npos) << r.out;
+    EXPECT_NE(r.out.find("\"samplecount\":0"), std::string::npos);
+    EXPECT_NE(r.out.find("\"channelkind\":"), std::string::npos);
+}
+
+TEST_F(CliDump, DumpOfAWrongExtensionFails) {
+    EXPECT_EQ(cli("dump " + writefile("x.txt", "")).status, 1);
+    EXPECT_EQ(cli("dump").status, 2);
+    EXPECT_EQ(cli("dump a.ktr --cells 5").status, 2);
 }
 
 } // namespace

@@ -1,0 +1,114 @@
+#include "app/station.h"
+#include "commands.h"
+#include "json.h"
+
+namespace orvane::cli {
+
+namespace {
+
+template <class T>
+void list(Json& j, const std::string& name, const std::vector<T>& values, std::int64_t last) {
+    j.key(name).beginarray();
+    for (std::int64_t i = 0; i <= last && i < static_cast<std::int64_t>(values.size()); ++i) {
+        if constexpr (std::is_same_v<T, bool>)
+            j.value(static_cast<bool>(values[i]));
+        else if constexpr (std::is_same_v<T, std::string>)
+            j.value(values[i]);
+        else if constexpr (std::is_same_v<T, float>)
+            j.value(values[i]);
+        else
+            j.value(static_cast<std::int64_t>(values[i]));
+    }
+    j.endarray();
+}
+
+} // namespace
+
+std::string dumpjson(Station& st, const std::string& file, const std::vector<std::string>& messages,
+                     const DumpRanges& ranges) {
+    const Side& s = st.zhu;
+    Json j;
+    j.beginobject();
+    j.key("file").value(file);
+    j.key("messages").beginarray();
+    for (const auto& m : messages) j.value(m);
+    j.endarray();
+    const std::pair<const char*, std::int64_t> scalars[] = {{"lastposition", s.lastposition},
+                                                            {"segmentbase", s.segmentbase},
+                                                            {"samplecount", s.samplecount},
+                                                            {"gpscount", s.gpscount},
+                                                            {"jobcount", s.jobcount},
+                                                            {"paramcount", s.paramcount},
+                                                            {"markcount", s.markcount},
+                                                            {"fecount", s.fecount},
+                                                            {"fdcount", s.fdcount},
+                                                            {"stopcount", s.stopcount},
+                                                            {"restartcount", st.restartcount},
+                                                            {"analystcount", st.analystcount},
+                                                            {"quartercount", s.quartercount},
+                                                            {"quarterlast", s.quarterlast},
+                                                            {"foldvalue", s.foldvalue},
+                                                            {"pinkonghit", st.pinkonghit}};
+    for (auto& [name, value] : scalars) j.key(name).value(value);
+    j.key("subwayflag").value(st.subwayflag);
+    j.key("bureauflag").value(st.bureauflag);
+
+    // Lists with their sentinel: elements 0 to count.
+    list(j, "samplepos", s.samplepos, s.samplecount);
+    list(j, "sampleclock", s.sampleclock, s.samplecount);
+    list(j, "parampos", s.parampos, s.paramcount);
+    list(j, "paramrec", s.paramrec, s.paramcount);
+    list(j, "jobpos", s.jobpos, s.jobcount);
+    list(j, "gpspos", s.gpspos, s.gpscount);
+    // Lists of elements 0 to count - 1.
+    list(j, "samplespeed", s.samplespeed, s.samplecount - 1);
+    list(j, "speedhex", s.speedhex, s.samplecount - 1);
+    list(j, "gpstext", s.gpstext, s.gpscount - 1);
+    list(j, "suppressionon", s.suppressionon, s.gpscount - 1);
+    list(j, "jobrec", s.jobrec, s.jobcount - 1);
+    list(j, "markpos", s.markpos, s.markcount - 1);
+    list(j, "marktext", s.marktext, s.markcount - 1);
+    list(j, "fepos", s.fepos, s.fecount - 1);
+    list(j, "feval", s.feval, s.fecount - 1);
+    list(j, "fdpos", s.fdpos, s.fdcount - 1);
+    list(j, "fdval", s.fdval, s.fdcount - 1);
+    list(j, "stoplist", s.stoplist, s.stopcount - 1);
+    list(j, "quarterindex", s.quarterindex, s.quarterlast);
+
+    j.key("channelkind").beginarray();
+    for (const auto& k : s.channelkind) j.value(k);
+    j.endarray();
+    j.key("channelscale").beginarray();
+    for (auto v : s.channelscale) j.value(static_cast<std::int64_t>(v));
+    j.endarray();
+    j.key("pinkongval").beginarray();
+    for (auto v : s.pinkongval) j.value(static_cast<std::int64_t>(v));
+    j.endarray();
+
+    const std::int64_t rows = s.gridrows;
+    if (ranges.cells) {
+        j.key("cells").beginarray();
+        for (std::int64_t p = std::max<std::int64_t>(0, ranges.cells->first);
+             p <= ranges.cells->second && p < rows; ++p)
+            for (int c = 0; c < 13; ++c)
+                if (s.samplegrid[p][c] != 0 || s.rawgrid[p][c] != 0)
+                    j.beginarray()
+                        .value(p)
+                        .value(c)
+                        .value(std::int64_t(s.samplegrid[p][c]))
+                        .value(std::int64_t(s.rawgrid[p][c]))
+                        .endarray();
+        j.endarray();
+    }
+    if (ranges.mileage) {
+        j.key("mileage").beginarray();
+        for (std::int64_t p = std::max<std::int64_t>(0, ranges.mileage->first); p <= ranges.mileage->second;
+             ++p)
+            j.beginarray().value(p).value(p < rows ? s.mileage[p][0] : 0.0f).endarray();
+        j.endarray();
+    }
+    j.endobject();
+    return j.text();
+}
+
+} // namespace orvane::cli
