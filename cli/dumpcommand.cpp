@@ -2,12 +2,15 @@
 #include "commands.h"
 #include "json.h"
 
+#include <type_traits>
+
 namespace orvane::cli {
 
 namespace {
 
-template <class T>
-void list(Json& j, const std::string& name, const std::vector<T>& values, std::int64_t last) {
+// Elements 0 to LAST of a list or an array of the station, as JSON values.
+template <class List> void list(Json& j, const std::string& name, const List& values, std::int64_t last) {
+    using T = typename List::value_type;
     j.key(name).beginarray();
     for (std::int64_t i = 0; i <= last && i < static_cast<std::int64_t>(values.size()); ++i) {
         if constexpr (std::is_same_v<T, bool>)
@@ -75,15 +78,9 @@ std::string dumpjson(Station& st, const std::string& file, const std::vector<std
     list(j, "stoplist", s.stoplist, s.stopcount - 1);
     list(j, "quarterindex", s.quarterindex, s.quarterlast);
 
-    j.key("channelkind").beginarray();
-    for (const auto& k : s.channelkind) j.value(k);
-    j.endarray();
-    j.key("channelscale").beginarray();
-    for (auto v : s.channelscale) j.value(static_cast<std::int64_t>(v));
-    j.endarray();
-    j.key("pinkongval").beginarray();
-    for (auto v : s.pinkongval) j.value(static_cast<std::int64_t>(v));
-    j.endarray();
+    list(j, "channelkind", s.channelkind, 8);
+    list(j, "channelscale", s.channelscale, 8);
+    list(j, "pinkongval", s.pinkongval, 8);
 
     const std::int64_t rows = s.gridrows;
     if (ranges.cells) {
