@@ -113,6 +113,24 @@ int writeoutput(const Arguments& a, const std::string& text) {
     return 0;
 }
 
+// The --set changes, in the order given, each as the user's change of that control; nullopt when all
+// went through, else the exit status.
+std::optional<int> applysets(orvane::Station& st, const Arguments& args) {
+    for (const auto& [name, value] : args.sets) {
+        try {
+            if (name.find('.') != std::string::npos)
+                orvane::setsetting(st, name, value);
+            else
+                orvane::setcontrol(st, name, value);
+        } catch (const orvane::ControlError& e) {
+            return badarguments(e.what());
+        } catch (const std::exception& e) {
+            return failed(e.what());
+        }
+    }
+    return std::nullopt;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -139,19 +157,6 @@ int main(int argc, char** argv) {
         return failed(e.what());
     }
 
-    for (const auto& [name, value] : args.sets) {
-        try {
-            if (name.find('.') != std::string::npos)
-                orvane::setsetting(st, name, value);
-            else
-                orvane::setcontrol(st, name, value);
-        } catch (const orvane::ControlError& e) {
-            return badarguments(e.what());
-        } catch (const std::exception& e) {
-            return failed(e.what());
-        }
-    }
-
     try {
         if (args.command == "dump") {
             const std::string& file = args.positional[0];
@@ -159,8 +164,10 @@ int main(int argc, char** argv) {
             if (st.process.ended)
                 return failed(ui.messages.empty() ? file + " cannot be opened" : ui.messages.back());
             orvane::windowactivate(st);
+            if (auto status = applysets(st, args)) return *status;
             return writeoutput(args, orvane::cli::dumpjson(st, file, ui.messages, args.ranges));
         }
+        if (auto status = applysets(st, args)) return *status;
         return writeoutput(args, orvane::cli::settingsjson(st));
     } catch (const std::exception& e) {
         return failed(e.what());
