@@ -14,7 +14,6 @@ class ScriptedUi : public Ui {
     std::deque<std::string> answers;    // answers of input boxes and questions ("yes"/"no"), in order
     double barmax = 0;
     long barvalue = -1;
-    long barupdates = 0;
 
     void message(const std::string& text) override { messages.push_back(text); }
     bool askyesno(const std::string& text) override;
@@ -24,10 +23,7 @@ class ScriptedUi : public Ui {
     std::optional<std::string> savefile(const std::string& filter, const std::string& extension) override;
     std::optional<std::uint32_t> pickcolor(std::uint32_t current) override;
     void progressmax(double maximum) override { barmax = maximum; }
-    void progress(long value) override {
-        barvalue = value;
-        ++barupdates;
-    }
+    void progress(long value) override { barvalue = value; }
 
   private:
     std::optional<std::string> next();
