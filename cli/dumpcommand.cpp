@@ -25,6 +25,31 @@ template <class List> void list(Json& j, const std::string& name, const List& va
     j.endarray();
 }
 
+void table(Json& j, const std::string& name, const Table& cells) {
+    j.key(name).beginarray();
+    for (const auto& row : cells) {
+        j.beginarray();
+        for (const auto& cell : row) j.value(cell);
+        j.endarray();
+    }
+    j.endarray();
+}
+
+// What the window shows after the first activation: the job summary labels and the three grids.
+void panels(Json& j, const Station& st) {
+    j.key("panels").beginobject();
+    for (const char* name : {"Lzygk", "Lzyrq", "Ljqbh", "Lqssj", "Ljssj", "Lgzsj", "Lqslc", "Ljslc", "Ltccd",
+                             "Label2_1", "Label2_8", "Label2_9"}) {
+        auto it = st.form.labels.find(name);
+        j.key(name).value(it == st.form.labels.end() ? std::string() : it->second);
+    }
+    j.key("meanspeed").value(st.meanspeed);
+    table(j, "Grid1", st.zhu.Grid1);
+    table(j, "Grid2", st.zhu.Grid2);
+    table(j, "Grid3", st.zhu.Grid3);
+    j.endobject();
+}
+
 } // namespace
 
 std::string dumpjson(Station& st, const std::string& file, const std::vector<std::string>& messages,
@@ -53,8 +78,18 @@ std::string dumpjson(Station& st, const std::string& file, const std::vector<std
                                                             {"foldvalue", s.foldvalue},
                                                             {"pinkonghit", st.pinkonghit}};
     for (auto& [name, value] : scalars) j.key(name).value(value);
-    j.key("subwayflag").value(st.subwayflag);
-    j.key("bureauflag").value(st.bureauflag);
+    j.key("analysiscount").value(std::int64_t(st.analysiscount));
+    const std::pair<const char*, const std::string*> texts[] = {{"railcode", &s.railcode},
+                                                                {"subwayflag", &st.subwayflag},
+                                                                {"bureauflag", &st.bureauflag},
+                                                                {"trackside", &st.trackside},
+                                                                {"countdirection", &st.countdirection},
+                                                                {"resetmodetext", &st.resetmodetext},
+                                                                {"machineno", &st.machineno},
+                                                                {"jobcaption", &st.jobcaption},
+                                                                {"jobdatetext", &st.jobdatetext},
+                                                                {"analystname", &st.analystname}};
+    for (auto& [name, value] : texts) j.key(name).value(*value);
 
     // Lists with their sentinel: elements 0 to count.
     list(j, "samplepos", s.samplepos, s.samplecount);
@@ -76,11 +111,16 @@ std::string dumpjson(Station& st, const std::string& file, const std::vector<std
     list(j, "fdpos", s.fdpos, s.fdcount - 1);
     list(j, "fdval", s.fdval, s.fdcount - 1);
     list(j, "stoplist", s.stoplist, s.stopcount - 1);
+    list(j, "analystlist", st.analystlist, st.analystcount - 1);
+    list(j, "analysispos", st.analysispos, st.analysiscount - 1);
+    list(j, "analysislist", st.analysislist, st.analysiscount - 1);
     list(j, "quarterindex", s.quarterindex, s.quarterlast);
 
     list(j, "channelkind", s.channelkind, 8);
     list(j, "channelscale", s.channelscale, 8);
     list(j, "pinkongval", s.pinkongval, 8);
+
+    panels(j, st);
 
     const std::int64_t rows = s.gridrows;
     if (ranges.cells) {
@@ -88,12 +128,12 @@ std::string dumpjson(Station& st, const std::string& file, const std::vector<std
         for (std::int64_t p = std::max<std::int64_t>(0, ranges.cells->first);
              p <= ranges.cells->second && p < rows; ++p)
             for (int c = 0; c < 13; ++c)
-                if (s.samplegrid[p][c] != 0 || s.rawgrid[p][c] != 0)
+                if (s.samplegrid[p][c] != 0 || s.rawvalue(p, c) != 0)
                     j.beginarray()
                         .value(p)
                         .value(c)
                         .value(std::int64_t(s.samplegrid[p][c]))
-                        .value(std::int64_t(s.rawgrid[p][c]))
+                        .value(std::int64_t(s.rawvalue(p, c)))
                         .endarray();
         j.endarray();
     }

@@ -28,3 +28,21 @@ std::string shortestfloat(float v) {
 }
 
 } // namespace orvane
+
+namespace orvane {
+
+std::string formatfixed(double v, int intdigits, int decimals) {
+    double scale = std::pow(10.0, decimals);
+    double units = std::round(std::fabs(v) * scale);
+    if (!(units < 1e17)) return shortestdouble(v); // beyond what a label ever shows
+    std::string digits = std::to_string(static_cast<long long>(units));
+    // Digits enough for the decimals and the integer part.
+    const std::size_t need = static_cast<std::size_t>(decimals + std::max(intdigits, 1));
+    if (digits.size() < need) digits.insert(0, need - digits.size(), '0');
+    std::string text = digits.substr(0, digits.size() - decimals);
+    if (intdigits == 0 && text == "0") text.clear();
+    if (decimals > 0) text += "." + digits.substr(digits.size() - decimals);
+    return (v < 0 && units != 0 ? "-" : "") + text;
+}
+
+} // namespace orvane

@@ -12,6 +12,11 @@ double roundeven(double v);
 // A real rounded to a 16-bit signed integer; nullopt when it does not fit.
 std::optional<std::int16_t> toint16(double v);
 
+// A number as a fixed-point text with at least INTDIGITS digits before the point (padded with "0")
+// and DECIMALS after it, rounded half away from zero: the "0.0" and "0000.000" formats of the
+// station's labels. A value that rounds to zero has no sign.
+std::string formatfixed(double v, int intdigits, int decimals);
+
 // The shortest text that reads back to the same value.
 std::string shortestdouble(double v);
 std::string shortestfloat(float v);

@@ -3,6 +3,7 @@
 #include "app/settings.h"
 #include "app/station.h"
 #include "app/text.h"
+#include "recording/panels.h"
 #include "recording/walk.h"
 #include "stores/stationfolder.h"
 
@@ -184,6 +185,7 @@ void windowload(Station& st, const std::string& commandline) {
     st.form.lines = namesof(*st.gpsxdb, "zyqjb");
     st.form.defects = namesof(*st.gpsxdb, "bz");
     st.form.filtercombo = {"全部"};
+    setpanelheads(st);
 }
 
 void windowactivate(Station& st) {
@@ -207,6 +209,14 @@ void windowactivate(Station& st) {
         st.ui->message(nodatamessage);
         return;
     }
+
+    // The first rail code always differs from the one before, so the rail is drawn.
+    st.previousrailcode.clear();
+    st.zhu.railcode = "60";
+    applyjob(st, st.zhu, 0);
+    applyparam(st, st.zhu, 0);
+    showgpsentry(st, st.zhu, 0);
+    jobsummary(st);
 
     st.form.lts1visible = false;
     st.form.pb1visible = false;

@@ -23,3 +23,11 @@ bool Side::growgrids(std::int64_t position) {
 }
 
 } // namespace orvane
+
+namespace orvane {
+
+void setcell(Table& table, std::size_t row, std::size_t column, const std::string& text) {
+    if (row < table.size() && column < table[row].size()) table[row][column] = text;
+}
+
+} // namespace orvane

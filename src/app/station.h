@@ -15,6 +15,12 @@
 
 namespace orvane {
 
+// The cells of a grid control of the window, row 0 holding the heads.
+using Table = std::vector<std::vector<std::string>>;
+
+// Writes a cell that the table has; a cell outside it is left, as a grid with fewer columns has none.
+void setcell(Table& table, std::size_t row, std::size_t column, const std::string& text);
+
 // Everything that has a comparison twin. The station holds two: zhu (main) and cong (comparison).
 // The comparison side's lists have the same bounds; its raw grid keeps only ten columns.
 struct Side {
@@ -64,6 +70,15 @@ struct Side {
     std::array<std::int16_t, 9> channelscale{};
     std::array<std::int16_t, 9> pinkongval{};
     std::int16_t foldvalue = 0;
+    // Rail weight text "43", "50", "60" or "75" of the parameter record in force.
+    std::string railcode;
+
+    // The panels of the side: channels and gains (Grid1), the job in force (Grid2), switches (Grid3).
+    Table Grid1, Grid2, Grid3;
+
+    // Result tables of the analysis, sized by the walk: 0..samplecount + jobcount and 0..10000.
+    std::vector<std::int32_t> seglist;
+    std::vector<std::int32_t> stopflag;
 
     // The range of the replay scroll bar HScrolljd: 0 to Int(lastposition / 300).
     std::int32_t scrollmax = 0;
@@ -72,6 +87,17 @@ struct Side {
     Grid<std::int16_t, 13> samplegrid;
     Grid<std::uint8_t, 13> rawgrid; // the comparison side uses columns 0..9
     Grid<float, 1> mileage;
+    // Positions of channel I where the bottom echo is lost longer than the loss limit; there the raw
+    // value of column 8 reads as the loss sign.
+    std::vector<bool> lossmark;
+
+    // The raw value of a cell, with the loss sign in column 8 where it stands.
+    std::int32_t rawvalue(std::int64_t position, int column) const {
+        if (column == 8 && position < static_cast<std::int64_t>(lossmark.size()) && lossmark[position])
+            return losssign;
+        return rawgrid[position][column];
+    }
+    static constexpr std::int32_t losssign = 65531;
 
     // Makes the grids reach POSITION; false when that is past the side's bound.
     bool reachgrids(std::int64_t position) {
@@ -102,6 +128,9 @@ struct Form28State {
     std::array<bool, 9> filterchecked{};
     // Captions that carry state or language, by control name.
     std::map<std::string, std::string> captions;
+    // Texts of the labels that show the job summary (Lzygk, Lzyrq, ...) and of the label array Label2,
+    // whose elements stand as "Label2_1", "Label2_8", "Label2_9".
+    std::map<std::string, std::string> labels;
     std::vector<std::string> lines;       // the combo box of lines
     std::vector<std::string> defects;     // the combo box of defects
     std::vector<std::string> filtercombo; // the combo box of the filter list
@@ -136,7 +165,25 @@ struct Station {
     std::int16_t pinkonghit = 0;
     std::string subwayflag = "feibeijingditie";
     std::string bureauflag = "feibjj";
-    bool activated = false; // first activation has run
+    bool activated = false;       // first activation has run
+    std::string previousrailcode; // rail code of the view before; a change redraws the rail
+
+    // From the job records of the main recording.
+    std::string trackside;      // "左手" or "右手"
+    std::string countdirection; // "+" or "-"
+    std::string resetmodetext;  // "复位模式:" and byte 121
+    std::string machineno;      // instrument number, trimmed
+    std::string jobcaption;     // "机号:" and the number
+    std::string jobdatetext;    // yy.mm.dd.hh
+    std::string meanspeed;      // mean walking speed text of the job summary
+    std::string analystname;    // "分析员：" and the name of the 0x59 record, or empty
+
+    // Earlier analysis found in the main recording: marks (0x44) and sessions (0x58).
+    std::vector<std::string> analysislist = std::vector<std::string>(1001);
+    std::vector<std::int32_t> analysispos = std::vector<std::int32_t>(1001);
+    std::int16_t analysiscount = 0;
+    std::int16_t newpoints = 0; // marks of the running session, behind analysiscount
+    std::vector<std::string> analystlist = std::vector<std::string>(1001);
 
     // Constants of the picture, set when the window loads.
     std::array<double, 9> geometry{};
@@ -161,6 +208,8 @@ struct Station {
 
     // How many processes run this program; the second-instance check asks it.
     std::function<int()> countinstances;
+    // Redraws the scale and the rail picture when the rail code of the view changes.
+    std::function<void()> redrawrail;
 };
 
 } // namespace orvane

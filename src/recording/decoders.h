@@ -24,6 +24,11 @@ void storejob(Station& st, Side& side, const std::uint8_t* record);
 // 0x53: a restart of the instrument's step counter.
 void restartsegment(Station& st, Side& side, const std::uint8_t* record);
 
+// Records of an earlier analysis, main side only: 0x44 marks, 0x58 a session, 0x59 the analyst.
+void decodeanalysis(Station& st, const std::uint8_t* record);
+void decodeanalyst(Station& st, const std::uint8_t* record);
+void decodeanalystname(Station& st, const std::uint8_t* record);
+
 // Makes the side's grids reach POSITION; otherwise ends the walk with a message naming the file.
 bool reachposition(Station& st, Side& side, std::int64_t position);
 

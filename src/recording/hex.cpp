@@ -45,3 +45,34 @@ std::string hexof(const std::uint8_t* bytes, std::size_t length) {
 }
 
 } // namespace orvane
+
+namespace orvane {
+
+std::string mid(std::string_view text, std::size_t start, std::size_t length) {
+    if (start == 0 || start > text.size()) return {};
+    return std::string(text.substr(start - 1, length));
+}
+
+std::int64_t hexvalue(std::string_view digits) {
+    std::int64_t v = 0;
+    for (char c : digits) {
+        int d;
+        if (c >= '0' && c <= '9')
+            d = c - '0';
+        else if (c >= 'A' && c <= 'F')
+            d = c - 'A' + 10;
+        else if (c >= 'a' && c <= 'f')
+            d = c - 'a' + 10;
+        else
+            break;
+        v = v * 16 + d;
+    }
+    return v;
+}
+
+int imagebyte(std::string_view image, std::size_t offset) {
+    if (2 * offset + 2 > image.size()) return 0;
+    return static_cast<int>(hexvalue(image.substr(2 * offset, 2)));
+}
+
+} // namespace orvane

@@ -21,6 +21,13 @@ bool between(double a, double p, double b);
 // The hexadecimal image of LENGTH bytes.
 std::string hexof(const std::uint8_t* bytes, std::size_t length);
 
+// Characters START (counted from 1) to START + LENGTH - 1 of a text, cut to the text's end.
+std::string mid(std::string_view text, std::size_t start, std::size_t length);
+// The value of a text of hexadecimal digits, read up to the first other character; 0 for none.
+std::int64_t hexvalue(std::string_view digits);
+// The byte at OFFSET of a record kept as its image; 0 where the image is shorter.
+int imagebyte(std::string_view image, std::size_t offset);
+
 // A big-endian number of WIDTH bytes.
 inline std::int32_t bigendian(const std::uint8_t* bytes, int width) {
     std::int32_t v = 0;

@@ -4,6 +4,7 @@
 #include "app/station.h"
 #include "recording/decoders.h"
 #include "recording/hex.h"
+#include "recording/zaodibo.h"
 
 #include <cmath>
 #include <cstring>
@@ -47,6 +48,7 @@ void resetside(Station& st, Side& side) {
         st.subwayflag = "feibeijingditie";
         st.restartcount = 0;
         st.analystcount = 0;
+        st.analysiscount = 0;
     }
     side.segmentbase = st.baseoffset;
     side.gpscount = side.jobcount = side.paramcount = side.markcount = side.samplecount = 0;
@@ -73,8 +75,17 @@ void dispatch(Station& st, Side& side, const std::uint8_t* record) {
     case 0x53:
         restartsegment(st, side, record);
         break;
+    case 0x44:
+        if (side.main) decodeanalysis(st, record);
+        break;
+    case 0x58:
+        if (side.main) decodeanalyst(st, record);
+        break;
+    case 0x59:
+        if (side.main) decodeanalystname(st, record);
+        break;
     default:
-        break; // empty records, analysis records of a later session, unknown types
+        break; // empty records and unknown types
     }
 }
 
@@ -178,6 +189,8 @@ void walkfile(Station& st, Side& side) {
         }
     }
 
+    side.seglist.assign(static_cast<std::size_t>(side.samplecount + side.jobcount) + 1, 0);
+    side.stopflag.assign(10001, 0);
     side.parampos[0] = side.jobpos[0] = side.gpspos[0] = side.samplepos[0] = 0;
     side.parampos[side.paramcount] = side.lastposition;
     side.jobpos[side.jobcount] = side.lastposition;
@@ -186,6 +199,7 @@ void walkfile(Station& st, Side& side) {
     if (side.paramcount > 0) side.paramrec[side.paramcount] = side.paramrec[side.paramcount - 1];
     side.sampleclock[side.samplecount] = side.sampleclock[side.samplecount - 1];
 
+    zaodibo(st, side);
     side.scrollmax = side.lastposition / 300;
     side.quarterindex[0] = 0;
     side.quarterlast = (side.quartercount + 3) / 4;

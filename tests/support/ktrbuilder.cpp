@@ -33,12 +33,13 @@ KtrBuilder& KtrBuilder::param(const Param& p) {
         r[1 + k] = p.scales[k];
         r[91 + 2 * k] = static_cast<std::uint8_t>(p.words[k] & 0xFF);
         r[92 + 2 * k] = static_cast<std::uint8_t>(p.words[k] >> 8);
-        r[118 + k] = 160;
+        r[118 + k] = p.gains[k];
         r[165 + k] = p.kinds[k];
     }
     r[10] = p.suppression;
     r[174] = p.fold;
     r[175] = p.rail;
+    r[141] = p.alarms;
     put24(&r[253], p.step);
     return record(r);
 }
@@ -102,10 +103,88 @@ KtrBuilder& KtrBuilder::sampleentries(const std::vector<std::array<std::uint8_t,
 }
 
 KtrBuilder& KtrBuilder::job(std::uint8_t type, std::int32_t step, std::uint8_t byte121) {
+    return job(Job{.type = type, .step = step, .resetmode = byte121});
+}
+
+namespace {
+
+// Two decimal digits as ASCII, the ones at OFFSET and the tens behind them.
+void putonesthentens(Record& r, int offset, int value) {
+    r[offset] = static_cast<std::uint8_t>('0' + value % 10);
+    r[offset + 1] = static_cast<std::uint8_t>('0' + value / 10 % 10);
+}
+
+void puttext(Record& r, int offset, const std::string& text) {
+    for (std::size_t i = 0; i < text.size(); ++i) r[offset + i] = static_cast<std::uint8_t>(text[i]);
+}
+
+// BCD digits of a text of decimal digits, two a byte.
+void putbcd(std::uint8_t* at, const std::string& digits) {
+    for (std::size_t i = 0; i + 1 < digits.size(); i += 2)
+        at[i / 2] = static_cast<std::uint8_t>((digits[i] - '0') * 16 + (digits[i + 1] - '0'));
+}
+
+} // namespace
+
+KtrBuilder& KtrBuilder::job(const Job& j) {
     Record r{};
-    r[0] = type;
-    r[121] = byte121;
-    put24(&r[253], step);
+    r[0] = j.type;
+    putonesthentens(r, 12, j.second);
+    putonesthentens(r, 14, j.minute);
+    putonesthentens(r, 16, j.hour);
+    putonesthentens(r, 18, j.day);
+    putonesthentens(r, 20, j.month);
+    putonesthentens(r, 22, j.year);
+    puttext(r, 47, j.instrument);
+    puttext(r, 55, j.operatorno);
+    r[58] = j.direction;
+    r[59] = j.rail;
+    r[62] = j.hand;
+    r[63] = j.count;
+    puttext(r, 104, j.linecode);
+    puttext(r, 106, j.track);
+    puttext(r, 109, j.iron);
+    puttext(r, 112, j.linename);
+    r[120] = j.section;
+    r[121] = j.resetmode;
+    r[138] = j.wheel;
+    put24(&r[253], j.step);
+    return record(r);
+}
+
+KtrBuilder& KtrBuilder::analysis(const std::vector<AnalysisMark>& marks) {
+    if (marks.size() > 20) throw std::invalid_argument("an analysis record holds 20 entries");
+    Record r{};
+    r[0] = 0x44;
+    for (std::size_t i = 0; i < marks.size(); ++i) {
+        std::uint8_t* e = &r[1 + 11 * i];
+        put24(e, marks[i].position);
+        e[3] = marks[i].code;
+        putbcd(e + 4, marks[i].date);
+        putbcd(e + 8, marks[i].time);
+    }
+    return record(r);
+}
+
+KtrBuilder& KtrBuilder::analyst(std::int32_t position, const std::string& date, const std::string& start,
+                                const std::string& end) {
+    Record r{};
+    r[0] = 0x58;
+    put24(&r[1], position);
+    putbcd(&r[4], date);
+    putbcd(&r[8], start);
+    putbcd(&r[11], end);
+    return record(r);
+}
+
+KtrBuilder& KtrBuilder::analystname(const std::vector<std::uint16_t>& units) {
+    if (units.size() > 127) throw std::invalid_argument("an analyst record holds 127 units");
+    Record r{};
+    r[0] = 0x59;
+    for (std::size_t i = 0; i < units.size(); ++i) {
+        r[1 + 2 * i] = static_cast<std::uint8_t>(units[i] >> 8);
+        r[2 + 2 * i] = static_cast<std::uint8_t>(units[i] & 0xFF);
+    }
     return record(r);
 }
 

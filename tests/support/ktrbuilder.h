@@ -36,6 +36,36 @@ struct Param {
     std::uint8_t suppression = 0;
     std::uint8_t fold = 0;
     std::uint8_t rail = 3;
+    std::array<std::uint8_t, 9> gains = {160, 160, 160, 160, 160, 160, 160, 160, 160};
+    std::uint8_t alarms = 0; // byte 141: bit 0 reflection, bit 1 transmission
+};
+
+// A job record: date and clock, instrument, operator, line, rail and hand; digits as ASCII.
+struct Job {
+    std::uint8_t type = 0x45;
+    std::int32_t step = 0;
+    int year = 26, month = 11, day = 22, hour = 9, minute = 5, second = 7;
+    std::string instrument = "12345";
+    std::string operatorno = "007";
+    std::uint8_t direction = 0;
+    std::uint8_t rail = 'R';  // 'L' the left rail
+    std::uint8_t hand = 'R';  // 'L' the left hand
+    std::uint8_t count = 'I'; // 'I' counts up
+    std::string linecode = "01";
+    std::string track = "003";
+    std::string iron = "012";
+    std::string linename = "002";
+    std::uint8_t section = 0;   // byte 120
+    std::uint8_t resetmode = 0; // byte 121
+    std::uint8_t wheel = 100;
+};
+
+// One mark of an earlier analysis (0x44 entry).
+struct AnalysisMark {
+    std::int32_t position;
+    std::uint8_t code;
+    std::string date = "20261122";
+    std::string time = "101500";
 };
 
 class KtrBuilder {
@@ -48,6 +78,13 @@ class KtrBuilder {
     KtrBuilder& sampleentries(const std::vector<std::array<std::uint8_t, 11>>& entries);
     // A job record of TYPE (0x45, 0x57 or 0x53) written at STEP; byte 121 as given.
     KtrBuilder& job(std::uint8_t type, std::int32_t step, std::uint8_t byte121 = 0);
+    KtrBuilder& job(const Job& j);
+    // Records of an earlier analysis: marks (0x44), a session (0x58), the analyst's name (0x59) as
+    // 16-bit units of the system's code page.
+    KtrBuilder& analysis(const std::vector<AnalysisMark>& marks);
+    KtrBuilder& analyst(std::int32_t position, const std::string& date, const std::string& start,
+                        const std::string& end);
+    KtrBuilder& analystname(const std::vector<std::uint16_t>& units);
     KtrBuilder& zeros(int records = 1);
     KtrBuilder& record(const Record& r);
 
