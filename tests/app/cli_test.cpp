@@ -2,6 +2,9 @@
 #include "ktrbuilder.h"
 #include "stationfixture.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <array>
 #include <cstdio>
 #include <gtest/gtest.h>
@@ -94,7 +97,8 @@ TEST_F(CliDump, DumpPrintsTheWalkedCountersAndLists) {
     EXPECT_NE(r.out.find("\"lastposition\":1300"), std::string::npos);
     EXPECT_NE(r.out.find("\"samplepos\":[0,900,1300]"), std::string::npos);
     EXPECT_NE(r.out.find("\"marktext\":[\"0\"]"), std::string::npos);
-    EXPECT_NE(r.out.find("\"cells\":[[810,0,2,50]]"), std::string::npos);
+    // the echo of channel A, then the made bottom wave of channel I
+    EXPECT_NE(r.out.find("\"cells\":[[810,0,2,50],[810,8,35"), std::string::npos) << r.out;
     EXPECT_NE(r.out.find("\"mileage\":[[850,10.05]]"), std::string::npos);
 }
 
@@ -111,6 +115,128 @@ TEST_F(CliDump, DumpOfAWrongExtensionFails) {
     EXPECT_EQ(cli("dump " + writefile("x.txt", "")).status, 1);
     EXPECT_EQ(cli("dump").status, 2);
     EXPECT_EQ(cli("dump a.ktr --cells 5").status, 2);
+}
+
+// A small complete recording: parameters, a job record, samples with GPS fixes, marks, a stop and a
+// lost bottom echo, read back key by key.
+TEST_F(CliDump, DumpOfACompleteRecordingKeyByKey) {
+    using orvane::testkit::Job;
+    using orvane::testkit::KtrBuilder;
+    using orvane::testkit::Sample;
+    KtrBuilder b;
+    b.param().job(Job{.operatorno = "002", .hand = 'L'});
+    std::vector<std::array<std::uint8_t, 11>> entries = {
+        KtrBuilder::sampleentry(Sample{.hour = 8, .minute = 0, .km = 12, .metres = 0, .speed = 0x31, .step = 0}),
+        KtrBuilder::sampleentry(Sample{.hour = 8, .minute = 1, .km = 12, .metres = 50, .step = 500}),
+        KtrBuilder::gpsfirst("454612340126381234"),
+        KtrBuilder::gpssecond("0A0B0C0D0E0F10111280"),
+        KtrBuilder::sampleentry(Sample{.hour = 8, .minute = 31, .km = 12, .metres = 200, .step = 1000})};
+    b.sampleentries(entries);
+    b.detection({{100, 1, 50}, {200, 0xFF, 0x0B}, {300, 0xFF, 0x01}, {400, 0xFE, 40}});
+    b.analyst(1500, "20261121", "140000", "150000");
+    std::string path = writefile("full.ktr", b.bytes());
+    CliRun r = cli("dump " + path + " --seed 7");
+    ASSERT_EQ(r.status, 0);
+    QJsonParseError error;
+    const QJsonObject o = QJsonDocument::fromJson(QByteArray::fromStdString(r.out), &error).object();
+    ASSERT_EQ(error.error, QJsonParseError::NoError) << r.out;
+    auto text = [&](const char* key) { return o[key].toString().toStdString(); };
+    auto number = [&](const char* key) { return o[key].toInteger(-99999); };
+    auto numbers = [&](const char* key) {
+        std::vector<qint64> v;
+        for (const auto& e : o[key].toArray()) v.push_back(e.toInteger());
+        return v;
+    };
+    auto texts = [&](const QJsonArray& a) {
+        std::vector<std::string> v;
+        for (const auto& e : a) v.push_back(e.toString().toStdString());
+        return v;
+    };
+
+    EXPECT_EQ(text("file"), path);
+    EXPECT_TRUE(o["messages"].toArray().isEmpty());
+    EXPECT_EQ(number("lastposition"), 2200);
+    EXPECT_EQ(number("segmentbase"), 800);
+    EXPECT_EQ(number("samplecount"), 3);
+    EXPECT_EQ(number("gpscount"), 1);
+    EXPECT_EQ(number("jobcount"), 1);
+    EXPECT_EQ(number("paramcount"), 1);
+    EXPECT_EQ(number("markcount"), 1);
+    EXPECT_EQ(number("fecount"), 1);
+    EXPECT_EQ(number("fdcount"), 0);
+    EXPECT_EQ(number("stopcount"), 1);
+    EXPECT_EQ(number("restartcount"), 0);
+    EXPECT_EQ(number("analystcount"), 1);
+    EXPECT_EQ(number("analysiscount"), 0);
+    EXPECT_EQ(number("quartercount"), 1);
+    EXPECT_EQ(number("quarterlast"), 1);
+    EXPECT_EQ(number("foldvalue"), 0);
+    EXPECT_EQ(number("pinkonghit"), 0);
+    EXPECT_EQ(text("railcode"), "60");
+    EXPECT_EQ(text("subwayflag"), "feibeijingditie");
+    EXPECT_EQ(text("bureauflag"), "feibjj");
+    EXPECT_EQ(text("trackside"), "左手");
+    EXPECT_EQ(text("countdirection"), "+");
+    EXPECT_EQ(text("resetmodetext"), "复位模式:0");
+    EXPECT_EQ(text("machineno"), "12345");
+    EXPECT_EQ(text("jobcaption"), "机号:12345");
+    EXPECT_EQ(text("jobdatetext"), "26.11.22.09");
+    EXPECT_EQ(text("analystname"), "");
+
+    EXPECT_EQ(numbers("samplepos"), (std::vector<qint64>{0, 1300, 1800, 2200}));
+    EXPECT_EQ(texts(o["sampleclock"].toArray()),
+              (std::vector<std::string>{"08000000120000", "08010000120500", "08310000122000", "08310000122000"}));
+    EXPECT_EQ(numbers("parampos"), (std::vector<qint64>{0, 2200}));
+    EXPECT_EQ(o["paramrec"].toArray().size(), 2);
+    EXPECT_EQ(o["paramrec"].toArray()[0].toString().size(), 512);
+    EXPECT_EQ(numbers("jobpos"), (std::vector<qint64>{0, 2200}));
+    EXPECT_EQ(numbers("gpspos"), (std::vector<qint64>{0, 2200})); // element 0 is always 0 after a walk
+    const QJsonArray speeds = o["samplespeed"].toArray();
+    ASSERT_EQ(speeds.size(), 3);
+    EXPECT_EQ(speeds[0].toDouble(), 3.1); // the float's shortest text
+    EXPECT_EQ(texts(o["speedhex"].toArray()), (std::vector<std::string>{"31", "25", "25"}));
+    EXPECT_EQ(texts(o["gpstext"].toArray()),
+              (std::vector<std::string>{"4546123401263812340A0B0C0D0E0F10111280"}));
+    EXPECT_EQ(o["suppressionon"].toArray(), QJsonArray{false});
+    EXPECT_EQ(o["jobrec"].toArray().size(), 1);
+    EXPECT_EQ(numbers("markpos"), (std::vector<qint64>{1000}));
+    EXPECT_EQ(texts(o["marktext"].toArray()), (std::vector<std::string>{"1"}));
+    EXPECT_EQ(numbers("fepos"), (std::vector<qint64>{1200}));
+    EXPECT_EQ(numbers("feval"), (std::vector<qint64>{40}));
+    EXPECT_TRUE(o["fdpos"].toArray().isEmpty());
+    EXPECT_TRUE(o["fdval"].toArray().isEmpty());
+    EXPECT_EQ(numbers("stoplist"), (std::vector<qint64>{1100}));
+    EXPECT_EQ(texts(o["analystlist"].toArray()), (std::vector<std::string>{"0005DC20261121140000150000"}));
+    EXPECT_TRUE(o["analysispos"].toArray().isEmpty());
+    EXPECT_TRUE(o["analysislist"].toArray().isEmpty());
+    EXPECT_EQ(numbers("quarterindex"), (std::vector<qint64>{0, 2700}));
+    EXPECT_EQ(texts(o["channelkind"].toArray()),
+              (std::vector<std::string>{"47", "46", "49", "48", "4B", "4A", "25", "26", "00"}));
+    EXPECT_EQ(numbers("channelscale"), (std::vector<qint64>(9, 1)));
+    EXPECT_EQ(numbers("pinkongval"), (std::vector<qint64>(9, 0)));
+
+    const QJsonObject panels = o["panels"].toObject();
+    auto label = [&](const char* key) { return panels[key].toString().toStdString(); };
+    EXPECT_EQ(label("Lzygk"), "日期:26.11.22  机号:12345");
+    EXPECT_EQ(label("Lzyrq"), "26.11.22");
+    EXPECT_EQ(label("Ljqbh"), "12345");
+    EXPECT_EQ(label("Lqssj"), "08时01分");
+    EXPECT_EQ(label("Ljssj"), "08时31分");
+    EXPECT_EQ(label("Lgzsj"), "0时30分");
+    EXPECT_EQ(label("Lqslc"), "0012公里050米");
+    EXPECT_EQ(label("Ljslc"), "0012公里200米");
+    EXPECT_EQ(label("Ltccd"), "0.003"); // 2200 - 800 - a stop's 400: 1000 positions of 3.5 mm
+    EXPECT_EQ(label("Label2_1"), "探测速度：3.1km/h");
+    EXPECT_EQ(label("meanspeed"), "0.0");
+    const QJsonArray grid1 = panels["Grid1"].toArray();
+    ASSERT_EQ(grid1.size(), 10);
+    EXPECT_EQ(texts(grid1[0].toArray()), (std::vector<std::string>{"通道号", "增益值"}));
+    EXPECT_EQ(texts(grid1[3].toArray()), (std::vector<std::string>{"C前外", "0.0"})); // left hand
+    EXPECT_EQ(texts(panels["Grid2"].toArray()[1].toArray()),
+              (std::vector<std::string>{"08:00:00", "李娜", "上行", "右股", "京哈线", "003", "012", "滨洲线"}));
+    EXPECT_EQ(texts(panels["Grid3"].toArray()[1].toArray()),
+              (std::vector<std::string>{"关", "关", "开", "手动", "60", "通常", "8V"}));
+    EXPECT_EQ(label("Label2_8"), "经度126°38′1234″");
 }
 
 } // namespace
