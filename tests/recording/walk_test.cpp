@@ -220,6 +220,31 @@ TEST_F(Walk, ADirectoryIsRefusedWithItsPath) {
     EXPECT_NE(ui.messages[0].find(temp.file("dir.ktr")), std::string::npos);
 }
 
+TEST_F(Walk, AMissingFileIsRefusedWithItsPath) {
+    st.zhu.filepath = temp.file("gone.ktr");
+    walkfile(st, st.zhu);
+    EXPECT_EQ(st.zhu.samplecount, 0);
+    EXPECT_EQ(ui.messages, std::vector<std::string>{"无法读取文件：" + temp.file("gone.ktr")});
+}
+
+TEST_F(Walk, RandomRecordsOfEveryTypeGoThroughFirstActivation) {
+    start();
+    std::string bytes(256 * 600, '\0');
+    std::uint32_t x = 987;
+    for (char& c : bytes) {
+        x = x * 1103515245 + 12345;
+        c = static_cast<char>(x >> 16);
+    }
+    const char types[] = {0x43, 0x4D, 0x42, 0x45, 0x53, 0x57, 0x44, 0x58, 0x59, 0x4D};
+    for (std::size_t r = 0; r < 600; ++r) bytes[r * 256] = types[r % 10];
+    windowload(st, writefile("random.ktr", bytes));
+    windowactivate(st);
+    EXPECT_GT(st.zhu.samplecount, 0);
+    EXPECT_EQ(st.zhu.Grid1.size(), 10u);
+    EXPECT_EQ(st.zhu.Grid2[1].size(), 8u);
+    EXPECT_FALSE(st.form.labels["Lzygk"].empty());
+}
+
 TEST_F(Walk, RandomBytesLoadWithoutFault) {
     std::string bytes(256 * 400, '\0');
     std::uint32_t x = 12345;
