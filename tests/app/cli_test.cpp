@@ -126,10 +126,10 @@ TEST_F(CliDump, DumpOfACompleteRecordingKeyByKey) {
     KtrBuilder b;
     b.param().job(Job{.operatorno = "002", .hand = 'L'});
     std::vector<std::array<std::uint8_t, 11>> entries = {
-        KtrBuilder::sampleentry(Sample{.hour = 8, .minute = 0, .km = 12, .metres = 0, .speed = 0x31, .step = 0}),
+        KtrBuilder::sampleentry(
+            Sample{.hour = 8, .minute = 0, .km = 12, .metres = 0, .speed = 0x31, .step = 0}),
         KtrBuilder::sampleentry(Sample{.hour = 8, .minute = 1, .km = 12, .metres = 50, .step = 500}),
-        KtrBuilder::gpsfirst("454612340126381234"),
-        KtrBuilder::gpssecond("0A0B0C0D0E0F10111280"),
+        KtrBuilder::gpsfirst("454612340126381234"), KtrBuilder::gpssecond("0A0B0C0D0E0F10111280"),
         KtrBuilder::sampleentry(Sample{.hour = 8, .minute = 31, .km = 12, .metres = 200, .step = 1000})};
     b.sampleentries(entries);
     b.detection({{100, 1, 50}, {200, 0xFF, 0x0B}, {300, 0xFF, 0x01}, {400, 0xFE, 40}});
@@ -184,8 +184,9 @@ TEST_F(CliDump, DumpOfACompleteRecordingKeyByKey) {
     EXPECT_EQ(text("analystname"), "");
 
     EXPECT_EQ(numbers("samplepos"), (std::vector<qint64>{0, 1300, 1800, 2200}));
-    EXPECT_EQ(texts(o["sampleclock"].toArray()),
-              (std::vector<std::string>{"08000000120000", "08010000120500", "08310000122000", "08310000122000"}));
+    EXPECT_EQ(
+        texts(o["sampleclock"].toArray()),
+        (std::vector<std::string>{"08000000120000", "08010000120500", "08310000122000", "08310000122000"}));
     EXPECT_EQ(numbers("parampos"), (std::vector<qint64>{0, 2200}));
     EXPECT_EQ(o["paramrec"].toArray().size(), 2);
     EXPECT_EQ(o["paramrec"].toArray()[0].toString().size(), 512);
@@ -232,8 +233,9 @@ TEST_F(CliDump, DumpOfACompleteRecordingKeyByKey) {
     ASSERT_EQ(grid1.size(), 10);
     EXPECT_EQ(texts(grid1[0].toArray()), (std::vector<std::string>{"通道号", "增益值"}));
     EXPECT_EQ(texts(grid1[3].toArray()), (std::vector<std::string>{"C前外", "0.0"})); // left hand
-    EXPECT_EQ(texts(panels["Grid2"].toArray()[1].toArray()),
-              (std::vector<std::string>{"08:00:00", "李娜", "上行", "右股", "京哈线", "003", "012", "滨洲线"}));
+    EXPECT_EQ(
+        texts(panels["Grid2"].toArray()[1].toArray()),
+        (std::vector<std::string>{"08:00:00", "李娜", "上行", "右股", "京哈线", "003", "012", "滨洲线"}));
     EXPECT_EQ(texts(panels["Grid3"].toArray()[1].toArray()),
               (std::vector<std::string>{"关", "关", "开", "手动", "60", "通常", "8V"}));
     EXPECT_EQ(label("Label2_8"), "经度126°38′1234″");

@@ -37,9 +37,10 @@ class Jobs : public testkit::StationTest {
     // Parameters, a job record and three samples: 08:29, 08:30 and 09:45, the last at step S.
     static KtrBuilder recording(const Job& j = {}, std::int32_t laststep = 300000) {
         KtrBuilder b;
-        b.param().job(j).samples({Sample{.hour = 8, .minute = 29, .km = 123, .metres = 400, .step = 0},
-                                  Sample{.hour = 8, .minute = 30, .km = 123, .metres = 456, .step = 10},
-                                  Sample{.hour = 9, .minute = 45, .km = 124, .metres = 100, .step = laststep}});
+        b.param().job(j).samples(
+            {Sample{.hour = 8, .minute = 29, .km = 123, .metres = 400, .step = 0},
+             Sample{.hour = 8, .minute = 30, .km = 123, .metres = 456, .step = 10},
+             Sample{.hour = 9, .minute = 45, .km = 124, .metres = 100, .step = laststep}});
         return b;
     }
 };
@@ -244,7 +245,8 @@ TEST_F(Jobs, WithMoreThanFourGpsFixesTheEndMileageComesFromTheAxis) {
     entries.push_back(KtrBuilder::sampleentry(Sample{.km = 5, .metres = 100, .step = 1000}));
     for (int i = 0; i < 5; ++i) {
         entries.push_back(KtrBuilder::gpsfirst("454612340126381234"));
-        entries.push_back(KtrBuilder::gpssecond("000000000000000000" "50"));
+        entries.push_back(KtrBuilder::gpssecond("000000000000000000"
+                                                "50"));
     }
     b.sampleentries(entries);
     open(b);
@@ -270,7 +272,8 @@ TEST_F(Jobs, WithMoreThanFortyFixesAJumpingClockAtTheEndsIsPassedOver) {
         std::vector<std::array<std::uint8_t, 11>> gps;
         for (int i = 0; i < 11; ++i) {
             gps.push_back(KtrBuilder::gpsfirst("454612340126381234"));
-            gps.push_back(KtrBuilder::gpssecond("000000000000000000" "60"));
+            gps.push_back(KtrBuilder::gpssecond("000000000000000000"
+                                                "60"));
         }
         b.sampleentries(gps);
     }
