@@ -2,6 +2,7 @@
 // hexadecimal text of every record and reads its fields from the text.
 #include "app/scriptedui.h"
 #include "app/station.h"
+#include "app/systemclock.h"
 #include "recording/hex.h"
 #include "recording/walk.h"
 
@@ -73,15 +74,19 @@ BENCHMARK(PlainRead)->Unit(benchmark::kMillisecond);
 void Walk(benchmark::State& state) {
     const std::string& path = largerecording();
     orvane::ScriptedUi ui;
+    orvane::SystemClock clock(1);
     std::int32_t last = 0;
     std::size_t gridbytes = 0;
     for (auto _ : state) {
         orvane::Station st;
         st.ui = &ui;
+        st.clock = &clock;
+        st.railheight = {0, 280, 304, 352, 384}; // as the first activation sets them
         st.zhu.filepath = path;
         orvane::walkfile(st, st.zhu);
         last = st.zhu.lastposition;
-        gridbytes = st.zhu.samplegrid.bytes() + st.zhu.rawgrid.bytes() + st.zhu.mileage.bytes();
+        gridbytes = st.zhu.samplegrid.bytes() + st.zhu.rawgrid.bytes() + st.zhu.mileage.bytes() +
+                    st.zhu.lossmark.size() / 8;
     }
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(fs::file_size(path)));
     state.counters["lastposition"] = last;
