@@ -8,7 +8,8 @@
 
 namespace orvane {
 struct Station;
-}
+class RecordingCanvas;
+} // namespace orvane
 
 namespace orvane::cli {
 
@@ -24,5 +25,10 @@ struct DumpRanges {
 // The main side as the first activation leaves it: counters, lists, channels and the ranges asked for.
 std::string dumpjson(Station& st, const std::string& file, const std::vector<std::string>& messages,
                      const DumpRanges& ranges);
+
+// The operations of a picture: its scale, the background's operations and those since the last clear.
+std::string opsjson(const RecordingCanvas& canvas);
+// The picture as a PNG, one canvas unit a pixel across; false when the file cannot be written.
+bool writepng(const RecordingCanvas& canvas, const std::string& path);
 
 } // namespace orvane::cli

@@ -1,13 +1,18 @@
 // orvane-cli: the station's logic without a window, for batch work and end-to-end checks.
 #include "app/controls.h"
+#include "app/recordingcanvas.h"
 #include "app/scriptedui.h"
 #include "app/settings.h"
 #include "app/startup.h"
 #include "app/station.h"
 #include "app/systemclock.h"
+#include "bmode/bmode.h"
 #include "commands.h"
+#include "replay/bofang.h"
 #include "stores/stationfolder.h"
 
+#include <QGuiApplication>
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -21,7 +26,9 @@ namespace {
 
 constexpr const char* usage = "usage: orvane-cli settings|dump FILE [--cells FROM:TO] [--mileage FROM:TO] "
                               "[--seed N] [--set NAME=VALUE]... "
-                              "[--answer TEXT]... [-o FILE]";
+                              "[--answer TEXT]... [-o FILE]\n"
+                              "       orvane-cli frame FILE [--view N] [--seed N] [--set NAME=VALUE]... "
+                              "(--png OUT | --ops OUT)";
 
 struct Arguments {
     std::string command;
@@ -31,6 +38,8 @@ struct Arguments {
     std::vector<std::string> answers;
     std::string output;
     orvane::cli::DumpRanges ranges;
+    std::int64_t view = 600;
+    std::string png, ops;
 };
 
 // FROM:TO as two whole numbers.
@@ -89,6 +98,16 @@ std::optional<std::string> parse(int argc, char** argv, Arguments& a) {
             auto r = v ? range(*v) : std::nullopt;
             if (!r) return arg + " needs FROM:TO";
             (arg == "--cells" ? a.ranges.cells : a.ranges.mileage) = r;
+        } else if (arg == "--view") {
+            auto v = next();
+            char* end = nullptr;
+            const long long n = v ? std::strtoll(v->c_str(), &end, 10) : 0;
+            if (!v || v->empty() || *end || n < 0) return "--view needs a view index";
+            a.view = n;
+        } else if (arg == "--png" || arg == "--ops") {
+            auto v = next();
+            if (!v) return arg + " needs a file";
+            (arg == "--png" ? a.png : a.ops) = *v;
         } else if (arg == "-o") {
             auto v = next();
             if (!v) return "-o needs a file";
@@ -131,13 +150,51 @@ std::optional<int> applysets(orvane::Station& st, const Arguments& args) {
     return std::nullopt;
 }
 
+// Loads the recording as the window's first activation does, sets the controls, puts the view at
+// the view index asked for and draws the picture once.
+int frame(orvane::Station& st, orvane::ScriptedUi& ui, const Arguments& args) {
+    const std::string& file = args.positional[0];
+    orvane::RecordingCanvas canvas;
+    st.picture1 = &canvas;
+    orvane::windowload(st, file);
+    if (st.process.ended)
+        return failed(ui.messages.empty() ? file + " cannot be opened" : ui.messages.back());
+    orvane::windowactivate(st);
+    if (st.zhu.samplecount == 0) return failed(file + ": " + orvane::nodatamessage);
+    if (auto status = applysets(st, args)) return *status;
+    // A display option set above takes effect as its control would make it: scale and background anew.
+    orvane::layout(st);
+    orvane::background(st);
+    orvane::Side& side = st.zhu;
+    side.viewindex = static_cast<std::int32_t>(
+        std::clamp<std::int64_t>(args.view, 600, std::max<std::int64_t>(600, std::ssize(side.viewmap))));
+    side.jobcursor = side.paramcursor = side.markcursor = side.samplecursor = 0;
+    orvane::bofang(st);
+    if (!args.png.empty()) {
+        // Text needs the fonts of a GUI application; no screen is needed for an image.
+        if (!std::getenv("QT_QPA_PLATFORM")) setenv("QT_QPA_PLATFORM", "offscreen", 1);
+        int argc = 1;
+        char name[] = "orvane-cli";
+        char* argv[] = {name, nullptr};
+        QGuiApplication app(argc, argv);
+        if (!orvane::cli::writepng(canvas, args.png)) return failed("cannot write " + args.png);
+        return 0;
+    }
+    Arguments out = args;
+    out.output = args.ops;
+    return writeoutput(out, orvane::cli::opsjson(canvas));
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     Arguments args;
     if (auto error = parse(argc, argv, args)) return badarguments(*error);
-    if (args.command != "settings" && args.command != "dump")
+    if (args.command != "settings" && args.command != "dump" && args.command != "frame")
         return badarguments("unknown command " + args.command);
+    if (args.command == "frame" && args.positional.size() != 1) return badarguments("frame takes one file");
+    if (args.command == "frame" && args.png.empty() == args.ops.empty())
+        return badarguments("frame writes either --png OUT or --ops OUT");
     if (args.command == "settings" && !args.positional.empty()) return badarguments("settings takes no file");
     if (args.command == "dump" && args.positional.size() != 1) return badarguments("dump takes one file");
 
@@ -158,6 +215,7 @@ int main(int argc, char** argv) {
     }
 
     try {
+        if (args.command == "frame") return frame(st, ui, args);
         if (args.command == "dump") {
             const std::string& file = args.positional[0];
             orvane::windowload(st, file);

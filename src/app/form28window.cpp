@@ -25,8 +25,10 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
     : QMainWindow(parent), st_(st), ui_(ui),
       canvas_(std::make_unique<RasterCanvas>(picturewidth, pictureheight)) {
     setObjectName("Form28");
-    canvas_->setbackgroundcolor(st_.settings.color("bxianbackcolor"));
+    canvas_->beginbackground(st_.settings.color("bxianbackcolor"));
+    canvas_->storebackground();
     canvas_->clear();
+    st_.picture1 = canvas_.get();
 
     auto* central = new QWidget(this);
     auto* layout = new QVBoxLayout(central);
@@ -52,6 +54,7 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
 }
 
 Form28Window::~Form28Window() {
+    st_.picture1 = nullptr;
     ui_.setbar(nullptr);
     ui_.setbeforedialog(nullptr);
     ui_.setparent(nullptr);

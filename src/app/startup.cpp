@@ -3,8 +3,10 @@
 #include "app/settings.h"
 #include "app/station.h"
 #include "app/text.h"
+#include "bmode/bmode.h"
 #include "recording/panels.h"
 #include "recording/walk.h"
+#include "replay/bofang.h"
 #include "stores/stationfolder.h"
 
 #include <cctype>
@@ -186,6 +188,11 @@ void windowload(Station& st, const std::string& commandline) {
     st.form.defects = namesof(*st.gpsxdb, "bz");
     st.form.filtercombo = {"全部"};
     setpanelheads(st);
+    // A new rail code fits the scale and redraws the rail.
+    st.redrawrail = [&st] {
+        layout(st);
+        background(st);
+    };
 }
 
 void windowactivate(Station& st) {
@@ -222,6 +229,10 @@ void windowactivate(Station& st) {
     st.form.pb1visible = false;
     st.form.mainviewenabled = true;
     loadfilterboxes(st);
+
+    // The first picture.
+    st.zhu.viewindex = 600;
+    bofang(st);
 }
 
 void windowunload(Station& st) {

@@ -1,6 +1,7 @@
 #pragma once
 // The station: the two sides of the session, the shared scalars, the state of the main
 // window Form28, the settings in force and the ports to the outside world.
+#include "app/canvas.h"
 #include "app/grids.h"
 #include "app/ports.h"
 #include "app/settings.h"
@@ -99,6 +100,27 @@ struct Side {
     }
     static constexpr std::int32_t losssign = 65531;
 
+    // The replay's second axis: viewmap turns a view index into a position (viewmap twin: viewmapdb).
+    std::vector<std::int32_t> viewmap;
+    std::int32_t viewindex = 600; // view index at the right edge of the picture
+    std::int32_t viewlength = 0;
+    std::vector<std::uint8_t> markflags; // 1 where the clip map joined two stretches
+    std::int32_t jobcursor = 0, paramcursor = 0, markcursor = 0, samplecursor = 0;
+    // The rail rows of the picture and its user scale (layout).
+    std::int32_t railheadrow = 96, railwebrow = 210, railfootrow = 370;
+    double scaletop = 0, scaleheight = 410;
+
+    // Reads that may fall outside the map or the grid see the empty position and empty cells.
+    std::int32_t mapat(std::int64_t k) const {
+        return k >= 0 && k < static_cast<std::int64_t>(viewmap.size()) ? viewmap[k] : lastposition + 1;
+    }
+    std::int16_t cellat(std::int64_t position, int column) const {
+        return position >= 0 && position < gridrows ? samplegrid[position][column] : 0;
+    }
+    std::uint8_t rawat(std::int64_t position, int column) const {
+        return position >= 0 && position < gridrows ? rawgrid[position][column] : 0;
+    }
+
     // Makes the grids reach POSITION; false when that is past the side's bound.
     bool reachgrids(std::int64_t position) {
         return position < gridrows && position >= 0 ? true : growgrids(position);
@@ -123,6 +145,15 @@ struct Form28State {
     std::string lts1 = "正在导入，请稍候。。。";
     bool mainviewenabled = false; // replay buttons, channel check boxes and colour labels
     bool comparisonvisible = false;
+    // The channel check boxes Check1..Check7, Check16, Check17 (channels A to I): ticked shows.
+    std::array<bool, 9> channelshown{true, true, true, true, true, true, true, true, true};
+    bool auxlines = false; // Option11 "显示" of the auxiliary lines; Option10 hides them
+    // The reverse sign of the picture: the shape Shape1 and the label Label6 over the last reverse text.
+    struct Placed {
+        bool visible = false;
+        double left = 0, top = 0;
+    };
+    Placed Shape1, Label6;
     // The filter boxes Ttda..Ttdi (channels A..I) and their check boxes Check9..Check15, Check18, Check19.
     std::array<std::string, 9> filtertext{"256", "256", "256", "256", "1", "256", "256", "256", "256"};
     std::array<bool, 9> filterchecked{};
@@ -202,8 +233,13 @@ struct Station {
     std::unique_ptr<Db> colordb;
     std::unique_ptr<Db> yqhbzdb;
 
+    // Replay of the main view.
+    std::int16_t direction = 1; // 1 forward, -1 back
+    std::int32_t framecount = 0;
+
     // Ports.
     Ui* ui = nullptr;
+    Canvas* picture1 = nullptr; // the B-mode picture of the main side
     Clock* clock = nullptr;
 
     // How many processes run this program; the second-instance check asks it.

@@ -5,6 +5,7 @@
 #include "recording/decoders.h"
 #include "recording/hex.h"
 #include "recording/zaodibo.h"
+#include "replay/viewmap.h"
 
 #include <cmath>
 #include <cstring>
@@ -201,6 +202,7 @@ void walkfile(Station& st, Side& side) {
 
     zaodibo(st, side);
     side.scrollmax = side.lastposition / 300;
+    rebuildmap(st, side);
     side.quarterindex[0] = 0;
     side.quarterlast = (side.quartercount + 3) / 4;
     side.quarterindex[side.quarterlast] = side.lastposition + 500;

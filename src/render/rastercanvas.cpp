@@ -1,6 +1,7 @@
 #include "render/rastercanvas.h"
 
 #include <QPainter>
+#include <cstring>
 
 namespace orvane {
 
@@ -16,30 +17,29 @@ RasterCanvas::RasterCanvas(int width, int height)
     scale(image_.width(), 0, image_.height());
 }
 
-void RasterCanvas::scale(double width, double top, double height) {
-    scalewidth_ = width > 0 ? width : 1;
-    scaletop_ = top;
-    scaleheight_ = height != 0 ? height : 1;
+void RasterCanvas::beginbackground(std::uint32_t color) {
+    image_.fill(qcolorof(color));
 }
 
-void RasterCanvas::setbackgroundcolor(std::uint32_t color) {
-    background_ = QImage(image_.size(), QImage::Format_RGB32);
-    background_.fill(qcolorof(color));
+void RasterCanvas::storebackground() {
+    background_ = image_.copy();
 }
 
 void RasterCanvas::clear() {
-    image_ = background_;
+    // Same size and format: the copy reuses the image's own memory.
+    std::memcpy(image_.bits(), background_.constBits(), static_cast<std::size_t>(image_.sizeInBytes()));
 }
 
 QPointF RasterCanvas::topixel(double x, double y) const {
-    return {x * image_.width() / scalewidth_, (y - scaletop_) * image_.height() / scaleheight_};
+    const double w = scalewidth != 0 ? scalewidth : 1, h = scaleheight != 0 ? scaleheight : 1;
+    return {x * image_.width() / w, (y - scaletop) * image_.height() / h};
 }
 
-void RasterCanvas::pset(double x, double y, std::uint32_t color) {
+void RasterCanvas::pset(double x, double y) {
     QPointF p = topixel(x, y);
     int size = std::max(1, drawwidth);
     int left = static_cast<int>(p.x()) - (size - 1) / 2, top = static_cast<int>(p.y()) - (size - 1) / 2;
-    QRgb value = qcolorof(color).rgb();
+    QRgb value = qcolorof(forecolor).rgb();
     // Dots go straight into the scanlines: far cheaper than a painter per dot, same pixels.
     for (int row = std::max(0, top); row < std::min(image_.height(), top + size); ++row) {
         auto* line = reinterpret_cast<QRgb*>(image_.scanLine(row));
@@ -50,9 +50,9 @@ void RasterCanvas::pset(double x, double y, std::uint32_t color) {
     currenty = y;
 }
 
-void RasterCanvas::line(double x1, double y1, double x2, double y2, std::uint32_t color) {
+void RasterCanvas::line(double x1, double y1, double x2, double y2) {
     QPainter painter(&image_);
-    QPen pen(qcolorof(color));
+    QPen pen(qcolorof(forecolor));
     pen.setWidth(std::max(1, drawwidth));
     static const Qt::PenStyle styles[] = {Qt::SolidLine,   Qt::DashLine,       Qt::DotLine,
                                           Qt::DashDotLine, Qt::DashDotDotLine, Qt::NoPen};
@@ -74,7 +74,7 @@ void RasterCanvas::print(const std::string& text) {
     QString qtext = QString::fromStdString(text);
     painter.drawText(QRectF(at, QSizeF(image_.width(), image_.height())), Qt::AlignLeft | Qt::AlignTop,
                      qtext);
-    currenty += fontsize * 1.5 * scaleheight_ / image_.height();
+    currenty += fontsize * 1.5 * scaleheight / image_.height();
 }
 
 } // namespace orvane

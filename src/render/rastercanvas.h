@@ -10,22 +10,19 @@ class RasterCanvas : public Canvas {
   public:
     RasterCanvas(int width, int height);
 
-    void scale(double width, double top, double height) override;
     void clear() override;
-    void pset(double x, double y, std::uint32_t color) override;
-    void line(double x1, double y1, double x2, double y2, std::uint32_t color) override;
+    void pset(double x, double y) override;
+    void line(double x1, double y1, double x2, double y2) override;
     void print(const std::string& text) override;
+    void beginbackground(std::uint32_t color) override;
+    void storebackground() override;
 
-    // The stored background that clear() restores.
-    void setbackground(const QImage& picture) { background_ = picture; }
-    void setbackgroundcolor(std::uint32_t color);
     const QImage& image() const { return image_; }
 
   private:
     QPointF topixel(double x, double y) const;
     QImage image_;
     QImage background_;
-    double scalewidth_ = 1, scaletop_ = 0, scaleheight_ = 1;
 };
 
 // A station colour (red + 256 green + 65536 blue) as a Qt colour.

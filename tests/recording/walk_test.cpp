@@ -151,6 +151,8 @@ TEST_F(Walk, MileageJumpOfExactlyFourHundredMetresIsInterpolated) {
 TEST_F(Walk, EndLiesFourHundredBehindTheLastSampleAndJob) {
     KtrBuilder b = started();
     b.samples({Sample{.step = 1000}}).job(0x45, 1200);
+    st.settings.wholefile = 1; // the whole file in view: the bar reaches the end
+    st.settings.reverseshow = 1;
     Side& s = load(b);
     EXPECT_EQ(s.lastposition, 2000 + 400);
     EXPECT_EQ(s.samplepos[s.samplecount], s.lastposition);

@@ -317,9 +317,11 @@ class Generator {
     void bolthole(std::int32_t h, double foot, bool cracked) {
         const double depth = foot * 0.58;
         const double vi = valueat(I, depth);
-        for (int i = -3; i <= 3; ++i) entry(h + i, I, static_cast<std::uint8_t>(vi + (i == 0 ? 1 : 0)));
+        // The hole's echo is wider than the shadow it casts on the foot, so its edges stay in view
+        // where the station clears the foot line over the loss.
+        for (int i = -7; i <= 7; ++i) entry(h + i, I, static_cast<std::uint8_t>(vi + (i == 0 ? 1 : 0)));
         entry(h, lateI, valueat(lateI, depth + 40));
-        bottomlost(h + 4, 9);
+        bottomlost(h + 3, 7);
         const int off = static_cast<int>(std::lround(depth * 0.7536 / 7));
         const double v = valueat(G, depth);
         run(G, h - off - 7, 14, v + 6, v - 6);

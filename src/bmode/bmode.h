@@ -1,0 +1,28 @@
+#pragma once
+// The B-mode picture of the main side: the scale and background fitted to the rail, and one
+// screenful of echoes and events drawn onto the canvas Picture1.
+
+#include <string>
+
+namespace orvane {
+
+struct Station;
+struct Side;
+
+// Fits the scale of the picture and the ruler to the rail code of the view and the layout.
+void layout(Station& st);
+// Draws the background layer (running surface and, on request, the rail's lines) and keeps it.
+void background(Station& st);
+
+// One screenful of the main side from viewindex: channel sweeps, late waves, events.
+void loadall(Station& st);
+// The crosses where the clip map joined two stretches.
+void loadjjxx(Station& st);
+
+// The rows below the running surface of a rail code: head, web, foot (without the 18 above them).
+struct RailRows {
+    int head, web, foot;
+};
+RailRows railrows(const Station& st, const std::string& railcode);
+
+} // namespace orvane

@@ -1,0 +1,64 @@
+// The scale of the B-mode picture and its background layer.
+#include "app/canvas.h"
+#include "app/station.h"
+#include "bmode/bmode.h"
+
+namespace orvane {
+
+RailRows railrows(const Station& st, const std::string& railcode) {
+    if (railcode == "43") return {66, 152, 280};
+    if (railcode == "50") return {70, 168, 304};
+    if (railcode == "75") return st.railoverride == "45" ? RailRows{70, 163, 290} : RailRows{96, 224, 384};
+    return {78, 192, 352}; // "60" and any other text
+}
+
+void layout(Station& st) {
+    Side& side = st.zhu;
+    const RailRows rows = railrows(st, side.railcode);
+    side.railheadrow = rows.head + 18;
+    side.railwebrow = rows.web + 18;
+    side.railfootrow = rows.foot + 18;
+    const bool comparisonopen =
+        st.form.captions["Command17"] == "关闭对比" || st.form.captions["Command17"] == "Single";
+    if (st.displaymode == "zhjz" && !comparisonopen) {
+        side.scaletop = -200;
+        side.scaleheight = side.railfootrow + 440;
+    } else {
+        side.scaletop = 0;
+        side.scaleheight = side.railfootrow + 40;
+    }
+    if (st.picture1) st.picture1->scale(st.settings.viewspan, side.scaletop, side.scaleheight);
+}
+
+void background(Station& st) {
+    Canvas* c = st.picture1;
+    if (!c) return;
+    const Side& side = st.zhu;
+    const double width = st.settings.viewspan;
+    c->beginbackground(st.settings.color("bxianbackcolor"));
+    c->forecolor = st.settings.color("biaochicolor");
+    c->drawstyle = 3;
+    c->drawwidth = 1;
+    c->line(0, 18, width, 18); // the running surface
+    if (st.displaymode == "fenjie") {
+        const double f = side.railfootrow - 18, w = side.railwebrow - 18;
+        if (st.form.auxlines) {
+            c->line(0, f / 8 + 14, width, f / 8 + 14);
+            c->line(0, f / 3 + 18 + w / 3 - 4, width, f / 3 + 18 + w / 3 - 4);
+            c->line(0, 2 * f / 3 + 18 + w / 3 - 8, width, 2 * f / 3 + 18 + w / 3 - 8);
+        }
+        // The limits of the three bands of the separated layout.
+        c->drawwidth = 2;
+        c->line(0, f / 3 + 18, width, f / 3 + 18);
+        c->line(0, 2 * f / 3 + 18, width, 2 * f / 3 + 18);
+    } else if (st.form.auxlines) {
+        if (st.settings.vshape == 1) c->line(0, side.railheadrow / 2.0, width, side.railheadrow / 2.0);
+        for (double y : {double(side.railheadrow), double(side.railwebrow), double(side.railfootrow)})
+            c->line(0, y, width, y);
+    }
+    c->drawstyle = 0;
+    c->drawwidth = 1;
+    c->storebackground();
+}
+
+} // namespace orvane

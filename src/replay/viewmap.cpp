@@ -1,0 +1,117 @@
+#include "replay/viewmap.h"
+
+#include "app/station.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+
+namespace orvane {
+
+namespace {
+
+// Room for the map: every position, the tail of empty positions behind the end, and what a clip
+// stretch may copy past the end.
+void sizemap(Side& side, std::int64_t extra) {
+    const auto size = static_cast<std::size_t>(side.lastposition + 2001 + std::max<std::int64_t>(extra, 0));
+    if (side.viewmap.size() < size) side.viewmap.resize(size, 0);
+    if (side.markflags.size() < size) side.markflags.resize(size, 0);
+}
+
+void filltail(Side& side, std::int64_t from) {
+    for (std::int64_t k = std::max<std::int64_t>(from, 0); k <= side.lastposition + 2000; ++k)
+        side.viewmap[k] = side.lastposition + 1;
+}
+
+// A position carries something: a mark, or an echo of a channel under its alignment word.
+bool filled(const Side& side, std::int64_t position) {
+    if (side.cellat(position, 9) != 0) return true;
+    for (int c = 0; c < 9; ++c)
+        if (side.rawat(position + side.pinkongval[c], c) != 0) return true;
+    return false;
+}
+
+} // namespace
+
+int scrollmaximum(std::int64_t length) {
+    return static_cast<int>(length / 300);
+}
+
+void jjfzjjsz(Station&, Side& side) {
+    const auto [low, high] = std::minmax_element(side.pinkongval.begin(), side.pinkongval.end());
+    const int m = std::max(std::abs(*low), std::abs(*high));
+    const std::int64_t keep = m < 321 ? 320 : m + 10;
+    const std::int64_t gap = m < 321 ? 650 : 2 * m + 100;
+    sizemap(side, keep + 31 + 600);
+    std::int64_t out = 600;
+    auto copy = [&](std::int64_t from, std::int64_t to) {
+        for (std::int64_t p = from; p <= to; ++p) side.viewmap[out++] = static_cast<std::int32_t>(p);
+    };
+    const std::int64_t last = side.lastposition;
+    std::int64_t k = 600;
+    while (k <= last) {
+        if (filled(side, k)) {
+            side.viewmap[out++] = static_cast<std::int32_t>(k++);
+            continue;
+        }
+        const std::int64_t first = k;
+        std::int64_t next = k + 1;
+        while (next <= last && !filled(side, next)) ++next;
+        if (next > last) {
+            // Silence to the end of the file: a short stretch of it, and the join is marked.
+            copy(first, first + keep + 30);
+            side.markflags[first + keep] = 1;
+            break;
+        }
+        const std::int64_t end = next - 1;
+        if (std::abs(end - first) >= gap) {
+            copy(first, first + keep);
+            side.markflags[first + keep] = 1;
+            copy(end - keep, end);
+        } else {
+            copy(first, end);
+        }
+        k = end + 1;
+    }
+    filltail(side, out);
+    side.viewlength = static_cast<std::int32_t>(out);
+    side.scrollmax = scrollmaximum(out);
+}
+
+void rebuildmap(Station& st, Side& side) {
+    if (st.settings.wholefile != 0) {
+        sizemap(side, 0);
+        for (std::int64_t k = 0; k <= side.lastposition; ++k) {
+            side.viewmap[k] = static_cast<std::int32_t>(k);
+            side.markflags[k] = 0;
+        }
+        side.viewlength = side.lastposition;
+        side.scrollmax = scrollmaximum(side.lastposition);
+    } else {
+        jjfzjjsz(st, side);
+    }
+    if (st.settings.reverseshow == 1) return;
+
+    // The reverse filter: a stretch between two stops less than 1101 positions apart (about 3.85 m)
+    // is a frequent reversal and leaves the view. The last stop is never examined.
+    std::vector<std::int8_t> keep(static_cast<std::size_t>(side.lastposition) + 10001, 0);
+    std::fill(keep.begin(), keep.begin() + side.lastposition + 1, 1);
+    const std::vector<std::int32_t> copy(side.viewmap);
+    std::int64_t previous = -2000;
+    for (std::int32_t n = 0; n <= side.stopcount - 2; ++n) {
+        const std::int64_t stop = side.stoplist[n];
+        if (stop - previous < 1101)
+            for (std::int64_t k = std::max<std::int64_t>(previous, 0); k <= stop && k < std::ssize(keep); ++k)
+                keep[k] = -1;
+        previous = stop;
+    }
+    std::int64_t out = 0;
+    for (std::int64_t k = 0; k <= side.viewlength && k < std::ssize(copy); ++k) {
+        const std::int64_t p = copy[k];
+        if (p < 0 || p >= std::ssize(keep) || keep[p] != -1) side.viewmap[out++] = copy[k];
+    }
+    filltail(side, out);
+    side.scrollmax = scrollmaximum(out);
+}
+
+} // namespace orvane

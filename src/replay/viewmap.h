@@ -1,0 +1,22 @@
+#pragma once
+// The replay's second axis. The view walks view indices; viewmap turns each into a position, which
+// lets the station leave out dead stretches and frequent reversing without touching the data.
+
+#include <cstdint>
+
+namespace orvane {
+
+struct Station;
+struct Side;
+
+// Builds the map after a load and when a display mode changes: the whole file or the clip map,
+// then, unless every reversal is shown, the reverse filter.
+void rebuildmap(Station& st, Side& side);
+
+// The clip map: filled positions are kept, a long empty stretch shrinks to its two ends.
+void jjfzjjsz(Station& st, Side& side);
+
+// The maximum of the replay scroll bar: 300 view indices a step.
+int scrollmaximum(std::int64_t length);
+
+} // namespace orvane

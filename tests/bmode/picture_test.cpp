@@ -1,0 +1,328 @@
+// The B-mode picture and the view map, checked through the operations of a recording canvas.
+#include "app/recordingcanvas.h"
+#include "app/station.h"
+#include "bmode/bmode.h"
+#include "replay/bofang.h"
+#include "replay/viewmap.h"
+#include "stationfixture.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+
+using namespace orvane;
+
+namespace {
+
+class Picture : public testkit::StationTest {
+  protected:
+    RecordingCanvas canvas;
+    Side& s = st.zhu;
+
+    void SetUp() override {
+        st.picture1 = &canvas;
+        st.settings.viewspan = 1200;
+        st.settings.wholefile = 1;
+        st.settings.reverseshow = 1;
+        st.settings.markplace = 0;
+        for (int k = 0; k < 9; ++k) st.settings.channelcolor[k] = static_cast<std::uint32_t>(100 + k);
+        const double degree = 6.28 / 360;
+        st.cos18 = std::cos(18 * degree);
+        st.cos70 = std::cos(70 * degree);
+        st.sin60 = std::sin(60 * degree);
+        s.channelkind = {"47", "46", "49", "48", "4B", "4A", "25", "26", "00"};
+        s.lastposition = 5000;
+        s.reachgrids(s.lastposition + 100);
+        s.stoplist.assign(10001, 0);
+        s.railcode = "60";
+        layout(st);
+    }
+    // A whole-file map and one picture with the right edge at view index VIEW.
+    void draw(std::int32_t view = 600) {
+        rebuildmap(st, s);
+        s.viewindex = view;
+        canvas.ops.clear();
+        loadall(st);
+    }
+    std::vector<DrawOp> psets(std::uint32_t color) const {
+        std::vector<DrawOp> out;
+        for (const DrawOp& op : canvas.ops)
+            if (op.kind == DrawOp::Kind::pset && op.color == color) out.push_back(op);
+        return out;
+    }
+    std::vector<std::string> texts() const {
+        std::vector<std::string> out;
+        for (const DrawOp& op : canvas.ops)
+            if (op.kind == DrawOp::Kind::print) out.push_back(op.text);
+        return out;
+    }
+};
+
+TEST_F(Picture, EchoIsADotAtItsPathBelowTheRunningSurface) {
+    s.samplegrid[700][6] = 100; // channel G, kind 25, at view index 700: i = 100
+    draw();
+    const auto dots = psets(106);
+    ASSERT_EQ(dots.size(), 1u);
+    EXPECT_FLOAT_EQ(static_cast<float>(dots[0].x1), 100 * -0.629f / 6 + 1100);
+    EXPECT_FLOAT_EQ(static_cast<float>(dots[0].y1), 100 * 0.777f + 18);
+}
+
+TEST_F(Picture, WithNoBoxTickedOnlyTheEventsDraw) {
+    s.samplegrid[700][0] = 50;
+    s.samplegrid[700][9] = 23;
+    st.form.channelshown.fill(false);
+    draw();
+    for (const DrawOp& op : canvas.ops) EXPECT_NE(op.kind, DrawOp::Kind::pset);
+    EXPECT_EQ(texts(), std::vector<std::string>{"S"});
+}
+
+TEST_F(Picture, VShapeShowsChannelsAToDOnlyForTheBouncedKinds) {
+    st.settings.vshape = 1;
+    s.channelkind[0] = "46";
+    s.samplegrid[700][0] = 50;
+    s.samplegrid[700][2] = 50; // C, kind 49: the V sweep
+    draw();
+    EXPECT_TRUE(psets(100).empty());
+    ASSERT_EQ(psets(102).size(), 1u);
+    EXPECT_FLOAT_EQ(static_cast<float>(psets(102)[0].x1), 50 * -0.075f / 6 + 1100);
+}
+
+TEST_F(Picture, FoldedLegOfTheVSweepTurnsAtTheFoot) {
+    st.settings.vshape = 1;
+    s.foldvalue = 100;
+    s.channelscale[3] = 10; // limit 100 · 0.0323 · 10 = 32.3
+    s.samplegrid[700][3] = 40;
+    draw();
+    const auto dots = psets(103);
+    ASSERT_EQ(dots.size(), 1u);
+    const float pathy = static_cast<float>(st.cos70);
+    const float d = static_cast<float>(2 * 10 * 0.0323 * 100 * pathy - 40 * pathy);
+    EXPECT_FLOAT_EQ(static_cast<float>(dots[0].y1), d + 18);
+    EXPECT_EQ(dots[0].width, 3);
+}
+
+TEST_F(Picture, KindFortyFourDrawsNothingAndLeavesTheFactorsToTheNext) {
+    s.channelkind = {"25", "44", "FF", "FF", "FF", "FF", "FF", "FF", "FF"};
+    s.samplegrid[700][1] = 60;
+    s.samplegrid[700][2] = 60;
+    draw();
+    EXPECT_TRUE(psets(101).empty());
+    const auto dots = psets(102);
+    ASSERT_EQ(dots.size(), 1u);
+    EXPECT_FLOAT_EQ(static_cast<float>(dots[0].x1), 60 * -0.629f / 6 + 1100); // A's factors carried over
+    EXPECT_FLOAT_EQ(static_cast<float>(dots[0].y1), 60 * 0.777f + 18);
+}
+
+TEST_F(Picture, ValueOfZeroOrBelowNeverDraws) {
+    s.samplegrid[700][6] = 0;
+    s.samplegrid[701][6] = -5;
+    draw();
+    EXPECT_TRUE(psets(106).empty());
+}
+
+TEST_F(Picture, IndicesPastTheEndDrawNothing) {
+    s.samplegrid[4000][6] = 100; // out of view
+    draw(5000);
+    EXPECT_EQ(s.mapat(5000 + 300), 0); // a whole-file map reads position 0 past its end
+    EXPECT_TRUE(psets(106).empty());
+}
+
+TEST_F(Picture, ReverseOf255IsOverThreeMetresAnd254ItsLength) {
+    s.samplegrid[700][9] = 1255;
+    s.samplegrid[900][9] = 1254;
+    draw();
+    EXPECT_EQ(texts(), (std::vector<std::string>{"倒车长度：超过3米", "倒车长度：3.56米"}));
+}
+
+TEST_F(Picture, TurnoutNumberNineteenFiftyPrintsZeroC) {
+    s.samplegrid[700][9] = 1950;
+    s.samplegrid[800][9] = 2051;
+    draw();
+    EXPECT_EQ(texts(), (std::vector<std::string>{"0C", "101C"}));
+}
+
+TEST_F(Picture, RestartMileageCheckAndIntegralModeMarks) {
+    s.samplegrid[700][9] = 23;
+    s.samplegrid[800][9] = 12345;
+    s.samplegrid[900][9] = 12346;
+    draw();
+    EXPECT_EQ(texts(), (std::vector<std::string>{"S", "L", "里程校对", "J"}));
+    const double B = s.scaletop + s.scaleheight - 55 + 12 + 18;
+    EXPECT_EQ(canvas.ops[0].x1, 1100 - 7);
+    EXPECT_EQ(canvas.ops[0].y1, B - 15);
+}
+
+TEST_F(Picture, ShapeStaysAtTheLastReverseOnScreen) {
+    st.settings.reverseshow = 0;
+    st.settings.wholefile = 1;
+    s.samplegrid[700][9] = 1010;
+    s.samplegrid[900][9] = 1020;
+    rebuildmap(st, s);
+    st.settings.reverseshow = 0;
+    s.viewindex = 600;
+    loadall(st);
+    EXPECT_TRUE(st.form.Shape1.visible);
+    EXPECT_EQ(st.form.Shape1.left, 1200 - 300 - 107 - 15);
+}
+
+TEST_F(Picture, FlagAtTheHeadNumbersFiveForEFifteen) {
+    st.settings.markplace = 1;
+    s.samplegrid[700][9] = 15;
+    draw();
+    EXPECT_EQ(texts(), std::vector<std::string>{"5"});
+    int lines = 0;
+    for (const DrawOp& op : canvas.ops)
+        if (op.kind == DrawOp::Kind::line) {
+            ++lines;
+            EXPECT_EQ(op.width, 14);
+            EXPECT_EQ(op.color, rgb(0, 255, 0));
+        }
+    EXPECT_EQ(lines, 3);
+}
+
+TEST_F(Picture, MarksAtTheFootShowTheirNames) {
+    st.settings.biaojiname = {"焊缝", "接头", "道岔", "可疑点", "其他"};
+    st.settings.biaojikcpair[7] = {"焊", "铝热焊缝"};
+    s.samplegrid[700][9] = 13;
+    s.samplegrid[800][9] = 107;
+    draw();
+    EXPECT_EQ(texts(), (std::vector<std::string>{"可疑点", "焊"}));
+}
+
+TEST_F(Picture, EmptyRailCodeGivesTheSixtyGeometry) {
+    s.railcode = "";
+    layout(st);
+    EXPECT_EQ(s.railfootrow, 352 + 18);
+    EXPECT_EQ(s.railwebrow, 192 + 18);
+    EXPECT_EQ(s.scaleheight, 370 + 40);
+}
+
+TEST_F(Picture, CentredLayoutWithAComparisonOpenKeepsTheOrdinaryScale) {
+    st.displaymode = "zhjz";
+    layout(st);
+    EXPECT_EQ(s.scaletop, -200);
+    st.form.captions["Command17"] = "关闭对比";
+    layout(st);
+    EXPECT_EQ(s.scaletop, 0);
+    EXPECT_EQ(s.scaleheight, 410);
+}
+
+TEST_F(Picture, BackgroundDrawsTheRunningSurfaceAndTheRailLines) {
+    st.form.auxlines = true;
+    background(st);
+    ASSERT_EQ(canvas.background.size(), 4u);
+    EXPECT_EQ(canvas.background[0].y1, 18);
+    EXPECT_EQ(canvas.background[0].style, 3);
+    EXPECT_EQ(canvas.background[3].y1, 370);
+}
+
+TEST_F(Picture, SeparatedLayoutPutsGHAndIIntoTheirBands) {
+    st.displaymode = "fenjie";
+    s.samplegrid[700][8] = 90;
+    draw();
+    const auto dots = psets(108);
+    ASSERT_EQ(dots.size(), 1u);
+    EXPECT_FLOAT_EQ(static_cast<float>(dots[0].y1), 90 * 1.0f * (1.0f / 3) + 18 - 6 + 235);
+}
+
+// The clip map.
+class ClipMap : public Picture {
+  protected:
+    void SetUp() override {
+        Picture::SetUp();
+        st.settings.wholefile = 0;
+    }
+};
+
+TEST_F(ClipMap, GapOf649StaysWholeAndOf650IsCut) {
+    s.rawgrid[1000][0] = 1;
+    s.rawgrid[1650][0] = 1; // empty 1001..1649: |last - first| = 648
+    s.rawgrid[2300][0] = 1; // empty 1651..2299
+    s.rawgrid[2951][0] = 1; // empty 2301..2950: |last - first| = 649 ... cut at 650
+    s.rawgrid[3602][0] = 1; // empty 2952..3601: 649
+    s.rawgrid[4254][0] = 1; // empty 3603..4253: 650
+    s.rawgrid[5000][0] = 1;
+    rebuildmap(st, s);
+    auto indexof = [&](std::int32_t p) {
+        for (std::size_t k = 600; k < s.viewmap.size(); ++k)
+            if (s.viewmap[k] == p) return static_cast<std::int64_t>(k);
+        return std::int64_t(-1);
+    };
+    EXPECT_EQ(indexof(3602) - indexof(2951), 651);           // 649 apart: whole
+    EXPECT_EQ(indexof(4254) - indexof(3602), 1 + 321 + 321); // 650 apart: two ends of 321
+    EXPECT_EQ(s.markflags[3603 + 320], 1);
+}
+
+TEST_F(ClipMap, RecordingEndingInSilenceEnds351PositionsIntoIt) {
+    s.rawgrid[1000][2] = 1;
+    rebuildmap(st, s);
+    EXPECT_EQ(s.viewlength, 600 + 401 + 351);
+    EXPECT_EQ(s.viewmap[s.viewlength - 1], 1001 + 350);
+    EXPECT_EQ(s.viewmap[s.viewlength], s.lastposition + 1);
+}
+
+TEST_F(ClipMap, ViewPastTheUsedLengthIsBlank) {
+    s.rawgrid[1000][6] = 1;
+    s.samplegrid[1000][6] = 80;
+    rebuildmap(st, s);
+    s.viewindex = s.viewlength;
+    canvas.ops.clear();
+    loadall(st);
+    EXPECT_TRUE(psets(106).empty());
+    for (int i = 0; i < 1200; ++i) EXPECT_EQ(s.mapat(s.viewindex + i), s.lastposition + 1);
+}
+
+TEST_F(ClipMap, ReversalsCloserThan1101VanishWithTheStretchBetween) {
+    st.settings.wholefile = 1;
+    st.settings.reverseshow = 0;
+    s.stopcount = 4;
+    s.stoplist[0] = 1000;
+    s.stoplist[1] = 2100; // 1100 after: 1000..2100 leave the view
+    s.stoplist[2] = 3201; // 1101 after: stays
+    s.stoplist[3] = 3300; // the last is never examined
+    rebuildmap(st, s);
+    EXPECT_EQ(s.viewmap[999], 999);
+    EXPECT_EQ(s.viewmap[1000], 2101);
+    EXPECT_EQ(s.scrollmax, (5001 - 1101) / 300);
+}
+
+TEST_F(ClipMap, CrossesMarkTheJoinsButNotNearTheEnd) {
+    s.lastposition = 5000;
+    s.rawgrid[700][0] = 1;
+    s.rawgrid[2000][0] = 1;
+    rebuildmap(st, s);
+    s.viewindex = 600;
+    canvas.ops.clear();
+    loadjjxx(st);
+    ASSERT_EQ(canvas.ops.size(), 4u); // the joins at 701 + 320 and, in the silence at the end, 2001 + 320
+    st.settings.wholefile = 1;
+    canvas.ops.clear();
+    loadjjxx(st);
+    EXPECT_TRUE(canvas.ops.empty());
+    st.settings.wholefile = 0;
+    s.markflags.assign(s.markflags.size(), 0);
+    s.markflags[4000] = 1; // 1000 before the end
+    s.viewmap[700] = 4000;
+    canvas.ops.clear();
+    loadjjxx(st);
+    EXPECT_TRUE(canvas.ops.empty());
+}
+
+TEST_F(Picture, BackwardReplayRestartsEveryCursor) {
+    s.samplecount = 0;
+    s.jobcount = s.paramcount = s.markcount = 0;
+    s.jobpos.assign(1001, 0);
+    s.parampos.assign(10001, 0);
+    s.markpos.assign(10001, 0);
+    s.samplepos.assign(100001, 0);
+    s.quarterindex.assign(5001, 0);
+    rebuildmap(st, s);
+    s.jobcursor = s.paramcursor = s.markcursor = s.samplecursor = 7;
+    st.direction = -1;
+    bofang(st);
+    EXPECT_EQ(s.jobcursor, -1);
+    EXPECT_EQ(s.paramcursor, 0);
+    EXPECT_EQ(s.markcursor, -1);
+    EXPECT_EQ(s.samplecursor, -1);
+}
+
+} // namespace
