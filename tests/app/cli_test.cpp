@@ -1,4 +1,5 @@
 // The headless front, run as a user runs it.
+#include "generator.h"
 #include "ktrbuilder.h"
 #include "stationfixture.h"
 
@@ -7,6 +8,7 @@
 #include <QJsonObject>
 #include <array>
 #include <cstdio>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
@@ -239,6 +241,40 @@ TEST_F(CliDump, DumpOfACompleteRecordingKeyByKey) {
     EXPECT_EQ(texts(panels["Grid3"].toArray()[1].toArray()),
               (std::vector<std::string>{"关", "关", "开", "手动", "60", "通常", "8V"}));
     EXPECT_EQ(label("Label2_8"), "经度126°38′1234″");
+}
+
+// A frame of a synthetic recording: the foot line, the bolt holes of a joint and an operator's mark
+// stand where the generator put them.
+TEST_F(CliDump, FrameDrawsTheJointWhereTheRecordingPutsIt) {
+    const ktrgen::Recording rec = ktrgen::generate(ktrgen::preset("small"), 2);
+    std::string path = temp.file("small.ktr");
+    std::ofstream(path, std::ios::binary)
+        .write(reinterpret_cast<const char*>(rec.bytes.data()),
+               static_cast<std::streamsize>(rec.bytes.size()));
+    const std::int32_t joint = rec.truth.joints.at(0);
+    const std::int32_t view = joint - 600; // the joint in the middle of a picture of 1200
+    CliRun r = cli("frame " + path + " --seed 3 --set Option17=1 --view " + std::to_string(view) + " --ops " +
+                   temp.file("ops.json"));
+    ASSERT_EQ(r.status, 0);
+    std::ifstream in(temp.file("ops.json"));
+    const std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    const QJsonObject o = QJsonDocument::fromJson(QByteArray::fromStdString(text)).object();
+    EXPECT_EQ(o["scale"].toObject()["width"].toInt(), 1200);
+    EXPECT_EQ(o["background"].toArray()[0].toObject()["y1"].toDouble(), 18);
+    const QJsonArray ops = o["ops"].toArray();
+    ASSERT_FALSE(ops.isEmpty());
+    EXPECT_EQ(ops[0].toObject()["op"].toString(), "clear");
+    // The hole 20 positions after the joint, seen by the 0 degree probe: x = 1200 - (hole - view).
+    int holes = 0, foot = 0;
+    for (const auto& v : ops) {
+        const QJsonObject op = v.toObject();
+        if (op["op"].toString() != "pset") continue;
+        const double x = op["x"].toDouble(), y = op["y"].toDouble();
+        if (x == 1200 - (joint + 20 - view) && y > 150 && y < 300) ++holes;
+        if (y > 350 && y < 370) ++foot;
+    }
+    EXPECT_GE(holes, 1);
+    EXPECT_GT(foot, 1000); // the made foot line nearly everywhere, broken over the holes
 }
 
 } // namespace
