@@ -2,6 +2,7 @@
 // The commands of orvane-cli.
 #include <cstdint>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -30,5 +31,16 @@ std::string dumpjson(Station& st, const std::string& file, const std::vector<std
 std::string opsjson(const RecordingCanvas& canvas);
 // The picture as a PNG, one canvas unit a pixel across; false when the file cannot be written.
 bool writepng(const RecordingCanvas& canvas, const std::string& path);
+
+// An action of orvane-cli run that names no control or has a bad form.
+class ActionError : public std::invalid_argument {
+  public:
+    using std::invalid_argument::invalid_argument;
+};
+
+// One action as a user performs it on Form28: press, tick, enter, scroll, mouse, row.
+void runaction(Station& st, const std::string& action);
+// The messages shown and the state of the replay after the actions.
+std::string statejson(Station& st, const std::vector<std::string>& messages);
 
 } // namespace orvane::cli

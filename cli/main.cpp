@@ -9,6 +9,8 @@
 #include "bmode/bmode.h"
 #include "commands.h"
 #include "replay/bofang.h"
+#include "replay/transport.h"
+#include "replay/viewmap.h"
 #include "stores/stationfolder.h"
 
 #include <QGuiApplication>
@@ -24,11 +26,14 @@
 
 namespace {
 
-constexpr const char* usage = "usage: orvane-cli settings|dump FILE [--cells FROM:TO] [--mileage FROM:TO] "
-                              "[--seed N] [--set NAME=VALUE]... "
-                              "[--answer TEXT]... [-o FILE]\n"
-                              "       orvane-cli frame FILE [--view N] [--seed N] [--set NAME=VALUE]... "
-                              "(--png OUT | --ops OUT)";
+constexpr const char* usage =
+    "usage: orvane-cli settings|dump FILE [--cells FROM:TO] [--mileage FROM:TO] "
+    "[--seed N] [--set NAME=VALUE]... "
+    "[--answer TEXT]... [-o FILE]\n"
+    "       orvane-cli frame FILE [--view N] [--seed N] [--set NAME=VALUE]... "
+    "(--png OUT | --ops OUT)\n"
+    "       orvane-cli run FILE [--seed N] [--set NAME=VALUE]... [--answer TEXT]... "
+    "[--do ACTION]... [--png OUT] [--ops OUT]";
 
 struct Arguments {
     std::string command;
@@ -40,6 +45,7 @@ struct Arguments {
     orvane::cli::DumpRanges ranges;
     std::int64_t view = 600;
     std::string png, ops;
+    std::vector<std::string> actions;
 };
 
 // FROM:TO as two whole numbers.
@@ -104,6 +110,10 @@ std::optional<std::string> parse(int argc, char** argv, Arguments& a) {
             const long long n = v ? std::strtoll(v->c_str(), &end, 10) : 0;
             if (!v || v->empty() || *end || n < 0) return "--view needs a view index";
             a.view = n;
+        } else if (arg == "--do") {
+            auto v = next();
+            if (!v) return "--do needs an action";
+            a.actions.push_back(*v);
         } else if (arg == "--png" || arg == "--ops") {
             auto v = next();
             if (!v) return arg + " needs a file";
@@ -150,8 +160,9 @@ std::optional<int> applysets(orvane::Station& st, const Arguments& args) {
     return std::nullopt;
 }
 
-// Loads the recording as the window's first activation does, sets the controls, puts the view at
-// the view index asked for and draws the picture once.
+// Loads the recording as the window's first activation does and sets the controls. frame puts the
+// view at the view index asked for and draws the picture once; run performs the actions and prints
+// the state they leave.
 int frame(orvane::Station& st, orvane::ScriptedUi& ui, const Arguments& args) {
     const std::string& file = args.positional[0];
     orvane::RecordingCanvas canvas;
@@ -162,14 +173,34 @@ int frame(orvane::Station& st, orvane::ScriptedUi& ui, const Arguments& args) {
     orvane::windowactivate(st);
     if (st.zhu.samplecount == 0) return failed(file + ": " + orvane::nodatamessage);
     if (auto status = applysets(st, args)) return *status;
-    // A display option set above takes effect as its control would make it: scale and background anew.
+    // A display option set above takes effect as its control would make it: scale, background and map.
     orvane::layout(st);
     orvane::background(st);
-    orvane::Side& side = st.zhu;
-    side.viewindex = static_cast<std::int32_t>(
-        std::clamp<std::int64_t>(args.view, 600, std::max<std::int64_t>(600, std::ssize(side.viewmap))));
-    side.jobcursor = side.paramcursor = side.markcursor = side.samplecursor = 0;
-    orvane::bofang(st);
+    orvane::rebuildmap(st, st.zhu);
+    orvane::setreplayspeed(st);
+    std::string output;
+    if (args.command == "run") {
+        orvane::bofang(st);
+        for (const std::string& action : args.actions) {
+            try {
+                orvane::cli::runaction(st, action);
+            } catch (const std::invalid_argument& e) {
+                return badarguments(e.what());
+            }
+        }
+        output = orvane::cli::statejson(st, ui.messages);
+    } else {
+        orvane::Side& side = st.zhu;
+        side.viewindex = static_cast<std::int32_t>(
+            std::clamp<std::int64_t>(args.view, 600, std::max<std::int64_t>(600, std::ssize(side.viewmap))));
+        side.jobcursor = side.paramcursor = side.markcursor = side.samplecursor = 0;
+        orvane::bofang(st);
+    }
+    if (!args.ops.empty()) {
+        Arguments out = args;
+        out.output = args.ops;
+        if (int status = writeoutput(out, orvane::cli::opsjson(canvas))) return status;
+    }
     if (!args.png.empty()) {
         // Text needs the fonts of a GUI application; no screen is needed for an image.
         if (!std::getenv("QT_QPA_PLATFORM")) setenv("QT_QPA_PLATFORM", "offscreen", 1);
@@ -178,11 +209,8 @@ int frame(orvane::Station& st, orvane::ScriptedUi& ui, const Arguments& args) {
         char* argv[] = {name, nullptr};
         QGuiApplication app(argc, argv);
         if (!orvane::cli::writepng(canvas, args.png)) return failed("cannot write " + args.png);
-        return 0;
     }
-    Arguments out = args;
-    out.output = args.ops;
-    return writeoutput(out, orvane::cli::opsjson(canvas));
+    return output.empty() ? 0 : writeoutput(args, output);
 }
 
 } // namespace
@@ -190,9 +218,11 @@ int frame(orvane::Station& st, orvane::ScriptedUi& ui, const Arguments& args) {
 int main(int argc, char** argv) {
     Arguments args;
     if (auto error = parse(argc, argv, args)) return badarguments(*error);
-    if (args.command != "settings" && args.command != "dump" && args.command != "frame")
+    if (args.command != "settings" && args.command != "dump" && args.command != "frame" &&
+        args.command != "run")
         return badarguments("unknown command " + args.command);
-    if (args.command == "frame" && args.positional.size() != 1) return badarguments("frame takes one file");
+    if ((args.command == "frame" || args.command == "run") && args.positional.size() != 1)
+        return badarguments(args.command + " takes one file");
     if (args.command == "frame" && args.png.empty() == args.ops.empty())
         return badarguments("frame writes either --png OUT or --ops OUT");
     if (args.command == "settings" && !args.positional.empty()) return badarguments("settings takes no file");
@@ -215,7 +245,7 @@ int main(int argc, char** argv) {
     }
 
     try {
-        if (args.command == "frame") return frame(st, ui, args);
+        if (args.command == "frame" || args.command == "run") return frame(st, ui, args);
         if (args.command == "dump") {
             const std::string& file = args.positional[0];
             orvane::windowload(st, file);

@@ -7,6 +7,7 @@
 #include "recording/panels.h"
 #include "recording/walk.h"
 #include "replay/bofang.h"
+#include "replay/transport.h"
 #include "stores/stationfolder.h"
 
 #include <cctype>
@@ -230,8 +231,10 @@ void windowactivate(Station& st) {
     st.form.mainviewenabled = true;
     loadfilterboxes(st);
 
-    // The first picture.
+    // The first picture, or the newest note of an earlier analysis.
+    setreplayspeed(st);
     st.zhu.viewindex = 600;
+    yybscs(st);
     bofang(st);
 }
 

@@ -154,6 +154,8 @@ struct Form28State {
         double left = 0, top = 0;
     };
     Placed Shape1, Label6;
+    bool azdenabled = false; // the end marker once a start is set
+    bool accenabled = false; // saving the stretch once both are set
     // The filter boxes Ttda..Ttdi (channels A..I) and their check boxes Check9..Check15, Check18, Check19.
     std::array<std::string, 9> filtertext{"256", "256", "256", "256", "1", "256", "256", "256", "256"};
     std::array<bool, 9> filterchecked{};
@@ -236,6 +238,18 @@ struct Station {
     // Replay of the main view.
     std::int16_t direction = 1; // 1 forward, -1 back
     std::int32_t framecount = 0;
+    bool T1 = false, T2 = false; // the replay timer and the A-mode timer
+    int T1interval = 15;         // ms
+    std::int16_t replaystep = 2; // view indices per tick
+    bool asynchronous = false;   // Option13 "异步"; Option12 "同步" keeps both sides in step
+    std::string Text1;           // the kilometre to seek
+    std::vector<std::int32_t> seekhits = std::vector<std::int32_t>(101);
+    std::int16_t seekcount = 0, seekat = 0;
+    // The start and end markers of a stretch to save.
+    std::int32_t startx = 0, startpos = 0, startdist = 0, clipstart = 0;
+    std::int32_t endx = 0, endpos = 0, enddist = 0, clipend = 0;
+    std::string markerkind;
+    double pointerx = 0; // x of the last press on the picture
 
     // Ports.
     Ui* ui = nullptr;

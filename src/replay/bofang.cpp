@@ -1,5 +1,7 @@
 #include "replay/bofang.h"
 
+#include "replay/transport.h"
+
 #include "app/canvas.h"
 #include "app/numbers.h"
 #include "app/station.h"
@@ -106,6 +108,8 @@ void bofang(Station& st) {
         c->drawwidth = std::max<int>(1, st.settings.diandx);
         loadall(st);
         loadjjxx(st);
+        drawmarker(st, "zd");
+        drawmarker(st, "qd");
         c->drawwidth = width;
     }
     ++st.framecount;

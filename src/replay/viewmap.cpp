@@ -78,6 +78,21 @@ void jjfzjjsz(Station&, Side& side) {
     side.scrollmax = scrollmaximum(out);
 }
 
+void fzjjsz(Station& st, Side& side) {
+    if (st.settings.wholefile == 1) return;
+    std::int64_t k = side.viewindex;
+    auto echo = [&](std::int64_t index) {
+        for (int c = 0; c < 9; ++c)
+            if (side.rawat(side.mapat(index + side.pinkongval[c]), c) != 0) return true;
+        return false;
+    };
+    while (k < side.lastposition && !echo(k)) ++k;
+    if (k - side.viewindex <= st.settings.viewspan + 150) return;
+    side.viewindex = static_cast<std::int32_t>(k - (st.settings.viewspan - 100));
+    const std::int64_t flag = static_cast<std::int64_t>(side.viewindex) + 200;
+    if (flag >= 0 && flag < std::ssize(side.markflags)) side.markflags[flag] = 1;
+}
+
 void rebuildmap(Station& st, Side& side) {
     if (st.settings.wholefile != 0) {
         sizemap(side, 0);

@@ -82,7 +82,18 @@ TEST_F(Cli, AStationThatCannotStartExitsWithOne) {
 
 namespace {
 
-class CliDump : public Cli {};
+class CliDump : public Cli {
+  protected:
+    // The small synthetic recording of seed 2, written into the test's folder.
+    std::string smallrecording(ktrgen::Recording& rec) {
+        rec = ktrgen::generate(ktrgen::preset("small"), 2);
+        const std::string path = temp.file("small.ktr");
+        std::ofstream(path, std::ios::binary)
+            .write(reinterpret_cast<const char*>(rec.bytes.data()),
+                   static_cast<std::streamsize>(rec.bytes.size()));
+        return path;
+    }
+};
 
 TEST_F(CliDump, DumpPrintsTheWalkedCountersAndLists) {
     using orvane::testkit::KtrBuilder;
@@ -246,11 +257,8 @@ TEST_F(CliDump, DumpOfACompleteRecordingKeyByKey) {
 // A frame of a synthetic recording: the foot line, the bolt holes of a joint and an operator's mark
 // stand where the generator put them.
 TEST_F(CliDump, FrameDrawsTheJointWhereTheRecordingPutsIt) {
-    const ktrgen::Recording rec = ktrgen::generate(ktrgen::preset("small"), 2);
-    std::string path = temp.file("small.ktr");
-    std::ofstream(path, std::ios::binary)
-        .write(reinterpret_cast<const char*>(rec.bytes.data()),
-               static_cast<std::streamsize>(rec.bytes.size()));
+    ktrgen::Recording rec;
+    const std::string path = smallrecording(rec);
     const std::int32_t joint = rec.truth.joints.at(0);
     const std::int32_t view = joint - 600; // the joint in the middle of a picture of 1200
     CliRun r = cli("frame " + path + " --seed 3 --set Option17=1 --view " + std::to_string(view) + " --ops " +
@@ -275,6 +283,24 @@ TEST_F(CliDump, FrameDrawsTheJointWhereTheRecordingPutsIt) {
     }
     EXPECT_GE(holes, 1);
     EXPECT_GT(foot, 1000); // the made foot line nearly everywhere, broken over the holes
+}
+
+TEST_F(CliDump, RunPlaysTicksAndPrintsTheState) {
+    ktrgen::Recording rec;
+    const std::string path = smallrecording(rec);
+    CliRun r = cli("run " + path + " --seed 3 --set Option17=1 --do press:Command8 --do tick:3");
+    ASSERT_EQ(r.status, 0) << r.out;
+    const QJsonObject o = QJsonDocument::fromJson(QByteArray::fromStdString(r.out)).object();
+    const QJsonObject state = o["state"].toObject();
+    EXPECT_EQ(state["viewindex"].toInt(), 600 + 3 * 7); // speed 5 of the seeded settings: 7 a tick
+    EXPECT_EQ(state["replaystep"].toInt(), 7);
+    EXPECT_TRUE(state["T1"].toBool());
+    EXPECT_EQ(state["captions"].toObject()["Command8"].toString(), "播放暂停");
+    EXPECT_EQ(state["HScrolljd"].toObject()["value"].toInt(), 2);
+    EXPECT_TRUE(o["messages"].toArray().isEmpty());
+
+    EXPECT_EQ(cli("run " + path + " --do press:NoSuchButton").status, 2);
+    EXPECT_EQ(cli("run " + path + " --do tick:x").status, 2);
 }
 
 } // namespace

@@ -4,7 +4,7 @@
 #include "bmode/bmode.h"
 #include "replay/bofang.h"
 #include "replay/viewmap.h"
-#include "stationfixture.h"
+#include "viewfixture.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -13,16 +13,10 @@ using namespace orvane;
 
 namespace {
 
-class Picture : public testkit::StationTest {
+class Picture : public testkit::ViewTest {
   protected:
-    RecordingCanvas canvas;
-    Side& s = st.zhu;
-
     void SetUp() override {
-        st.picture1 = &canvas;
-        st.settings.viewspan = 1200;
-        st.settings.wholefile = 1;
-        st.settings.reverseshow = 1;
+        prepareview(5000);
         st.settings.markplace = 0;
         for (int k = 0; k < 9; ++k) st.settings.channelcolor[k] = static_cast<std::uint32_t>(100 + k);
         const double degree = 6.28 / 360;
@@ -30,9 +24,6 @@ class Picture : public testkit::StationTest {
         st.cos70 = std::cos(70 * degree);
         st.sin60 = std::sin(60 * degree);
         s.channelkind = {"47", "46", "49", "48", "4B", "4A", "25", "26", "00"};
-        s.lastposition = 5000;
-        s.reachgrids(s.lastposition + 100);
-        s.stoplist.assign(10001, 0);
         s.railcode = "60";
         layout(st);
     }
@@ -308,14 +299,6 @@ TEST_F(ClipMap, CrossesMarkTheJoinsButNotNearTheEnd) {
 }
 
 TEST_F(Picture, BackwardReplayRestartsEveryCursor) {
-    s.samplecount = 0;
-    s.jobcount = s.paramcount = s.markcount = 0;
-    s.jobpos.assign(1001, 0);
-    s.parampos.assign(10001, 0);
-    s.markpos.assign(10001, 0);
-    s.samplepos.assign(100001, 0);
-    s.quarterindex.assign(5001, 0);
-    rebuildmap(st, s);
     s.jobcursor = s.paramcursor = s.markcursor = s.samplecursor = 7;
     st.direction = -1;
     bofang(st);

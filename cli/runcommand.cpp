@@ -1,0 +1,175 @@
+// orvane-cli run: the user's actions on Form28, in order, and the state they leave.
+#include "app/controls.h"
+#include "app/station.h"
+#include "bmode/bmode.h"
+#include "commands.h"
+#include "json.h"
+#include "replay/bofang.h"
+#include "replay/transport.h"
+#include "replay/viewmap.h"
+
+#include <stdexcept>
+
+namespace orvane::cli {
+
+namespace {
+
+std::vector<std::string> split(const std::string& action) {
+    std::vector<std::string> parts;
+    std::size_t at = 0;
+    for (std::size_t colon; (colon = action.find(':', at)) != std::string::npos; at = colon + 1)
+        parts.push_back(action.substr(at, colon - at));
+    parts.push_back(action.substr(at));
+    return parts;
+}
+
+int number(const std::string& text, const std::string& action) {
+    std::size_t used = 0;
+    try {
+        const int n = std::stoi(text, &used);
+        if (used == text.size()) return n;
+    } catch (const std::exception&) {
+    }
+    throw ActionError("not a number in " + action);
+}
+
+// The channel check boxes by letter A..I.
+int channelofcheck(const std::string& name) {
+    static const char* const boxes[] = {"Check1", "Check2", "Check3",  "Check4", "Check5",
+                                        "Check6", "Check7", "Check16", "Check17"};
+    for (int k = 0; k < 9; ++k)
+        if (name == boxes[k]) return k;
+    return -1;
+}
+
+// A display control changed: the picture follows as the control's handler makes it.
+void redraw(Station& st) {
+    layout(st);
+    background(st);
+    rebuildmap(st, st.zhu);
+    bofang(st);
+}
+
+void press(Station& st, const std::string& name, const std::string& button, const std::string& action) {
+    const bool left = button.empty() || button == "left";
+    if (name == "Command8") return pressplay(st);
+    if (name == "Command34") return stepforward(st);
+    if (name == "Command27") return stepback(st);
+    if (name == "Command25") {
+        st.direction = 1;
+        return;
+    }
+    if (name == "Command26") {
+        st.direction = -1;
+        return;
+    }
+    if (name == "Label20") return left ? seekkilometre(st) : nextseekhit(st);
+    if (name == "aqd") return markstart(st);
+    if (name == "azd") {
+        if (st.form.azdenabled) markend(st);
+        return;
+    }
+    if (const int k = channelofcheck(name); k >= 0) {
+        st.form.channelshown[k] = !st.form.channelshown[k];
+        return bofang(st);
+    }
+    if (name.rfind("Option", 0) == 0) {
+        setcontrol(st, name, "1");
+        setreplayspeed(st);
+        return redraw(st);
+    }
+    throw ActionError("no control to press: " + action);
+}
+
+void scroll(Station& st, const std::string& name, int value) {
+    if (name == "HScrolljd") {
+        Side& s = st.zhu;
+        s.viewindex = std::max(value * 300, 600);
+        st.T2 = false;
+        s.jobcursor = s.paramcursor = s.markcursor = s.samplecursor = 0;
+        return bofang(st);
+    }
+    setcontrol(st, name, std::to_string(value));
+    setreplayspeed(st);
+    bofang(st);
+}
+
+} // namespace
+
+void runaction(Station& st, const std::string& action) {
+    const std::vector<std::string> p = split(action);
+    const std::string& kind = p[0];
+    if (kind == "press" && (p.size() == 2 || p.size() == 3))
+        return press(st, p[1], p.size() == 3 ? p[2] : "", action);
+    if (kind == "tick" && p.size() == 2) {
+        for (int n = number(p[1], action); n > 0; --n)
+            if (st.T1) replaytick(st);
+        return;
+    }
+    if (kind == "enter" && p.size() >= 3) {
+        const std::string text = action.substr(kind.size() + p[1].size() + 2);
+        if (p[1] != "Text1") return setcontrol(st, p[1], text);
+        st.Text1 = text;
+        return seekkilometre(st);
+    }
+    if (kind == "scroll" && p.size() == 3) return scroll(st, p[1], number(p[2], action));
+    if (kind == "mouse" && p.size() == 6) {
+        if (p[1] != "Picture1") throw ActionError("no canvas " + p[1]);
+        if (p[2] == "down") st.pointerx = number(p[4], action);
+        return;
+    }
+    if (kind == "row" && p.size() == 3) throw ActionError("no list to click: " + p[1]);
+    throw ActionError("unknown action " + action);
+}
+
+std::string statejson(Station& st, const std::vector<std::string>& messages) {
+    const Side& s = st.zhu;
+    Json j;
+    j.beginobject();
+    j.key("messages").beginarray();
+    for (const auto& m : messages) j.value(m);
+    j.endarray();
+    j.key("state").beginobject();
+    const std::pair<const char*, std::int64_t> numbers[] = {{"viewindex", s.viewindex},
+                                                            {"viewlength", s.viewlength},
+                                                            {"replaystep", st.replaystep},
+                                                            {"manualstep", st.settings.manualstep},
+                                                            {"direction", st.direction},
+                                                            {"jobcursor", s.jobcursor},
+                                                            {"paramcursor", s.paramcursor},
+                                                            {"markcursor", s.markcursor},
+                                                            {"samplecursor", s.samplecursor},
+                                                            {"seekat", st.seekat},
+                                                            {"startx", st.startx},
+                                                            {"startpos", st.startpos},
+                                                            {"startdist", st.startdist},
+                                                            {"endx", st.endx},
+                                                            {"endpos", st.endpos},
+                                                            {"enddist", st.enddist}};
+    for (auto& [name, value] : numbers) j.key(name).value(value);
+    j.key("T1").value(st.T1).key("T2").value(st.T2);
+    j.key("HScrolljd")
+        .beginobject()
+        .key("value")
+        .value(s.viewindex / 300)
+        .key("max")
+        .value(s.scrollmax)
+        .endobject();
+    j.key("seekhits").beginarray();
+    for (int i = 0; i < st.seekcount; ++i) j.value(st.seekhits[i]);
+    j.endarray();
+    j.key("pinkongval").beginarray();
+    for (auto w : s.pinkongval) j.value(static_cast<std::int64_t>(w));
+    j.endarray();
+    j.key("captions").beginobject();
+    for (const auto& [name, text] : st.form.captions) j.key(name).value(text);
+    j.endobject();
+    j.key("labels").beginobject();
+    for (const auto& [name, text] : st.form.labels) j.key(name).value(text);
+    j.endobject();
+    j.endobject();
+    j.endobject();
+    return j.text();
+}
+
+} // namespace orvane::cli

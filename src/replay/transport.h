@@ -1,0 +1,34 @@
+#pragma once
+// The replay transport of the main view: the timer, the play button, the step keys, the seek by
+// kilometre and the two markers of a stretch. Every move ends in bofang.
+
+namespace orvane {
+
+struct Station;
+
+// The view indices per tick and the timer interval of the speed bar HScroll8 (bofsd 1 to 9).
+void setreplayspeed(Station& st);
+// One tick of T1.
+void replaytick(Station& st);
+// Command8: starts or pauses continuous replay.
+void pressplay(Station& st);
+// Command34 and Command27: a hand step forward or back.
+void stepforward(Station& st);
+void stepback(Station& st);
+// Label20 pressed with the left button, or Enter in Text1: seek the kilometre of Text1. Another
+// button walks on to the next place where that kilometre was passed.
+void seekkilometre(Station& st);
+void nextseekhit(Station& st);
+// The menu entries aqd "起点" and azd "终点" at the pointer's x.
+void markstart(Station& st);
+void markend(Station& st);
+// Draws the marker of markerkind with the length between the two.
+void drawmarker(Station& st, const char* kind);
+// Goes to the newest note of an earlier analysis.
+void yybscs(Station& st);
+
+// The end-of-file messages.
+inline constexpr const char* atendmessage = "已经播放到文件最后位置！";
+inline constexpr const char* atstartmessage = "已经播放到文件最初位置！";
+
+} // namespace orvane

@@ -1,0 +1,173 @@
+// The replay transport of the main view.
+#include "app/station.h"
+#include "replay/transport.h"
+#include "replay/viewmap.h"
+#include "viewfixture.h"
+
+#include <gtest/gtest.h>
+
+using namespace orvane;
+
+namespace {
+
+class Transport : public testkit::ViewTest {
+  protected:
+    void SetUp() override {
+        prepareview(200000);
+        st.settings.manualstep = 500;
+        st.settings.bofsd = 1;
+        setreplayspeed(st);
+    }
+};
+
+TEST_F(Transport, SpeedTableGivesStepsAndIntervals) {
+    const std::pair<int, int> table[] = {{2, 15},    {3, 15},    {4, 15},    {5, 15},    {7, 15},
+                                         {300, 500}, {500, 500}, {700, 500}, {1000, 500}};
+    for (int v = 1; v <= 9; ++v) {
+        st.settings.bofsd = static_cast<std::int16_t>(v);
+        setreplayspeed(st);
+        EXPECT_EQ(st.replaystep, table[v - 1].first) << v;
+        EXPECT_EQ(st.T1interval, table[v - 1].second) << v;
+    }
+    st.settings.viewspan = 600; // Option8 "扩展" caps the fastest step
+    setreplayspeed(st);
+    EXPECT_EQ(st.replaystep, 400);
+}
+
+TEST_F(Transport, PlayButtonTogglesTheTimerAndItsCaption) {
+    st.form.captions["Command8"] = "连续播放";
+    pressplay(st);
+    EXPECT_TRUE(st.T1);
+    EXPECT_EQ(st.form.captions["Command8"], "播放暂停");
+    pressplay(st);
+    EXPECT_FALSE(st.T1);
+    EXPECT_EQ(st.form.captions["Command8"], "连续播放");
+}
+
+TEST_F(Transport, TickMovesTheViewByTheReplayStep) {
+    st.T1 = true;
+    s.viewindex = 600;
+    replaytick(st);
+    EXPECT_EQ(s.viewindex, 602);
+    EXPECT_EQ(st.framecount, 1);
+}
+
+TEST_F(Transport, BackwardReplayStopsWithin1300OfTheStart) {
+    st.T1 = true;
+    st.direction = -1;
+    s.viewindex = 1299;
+    replaytick(st);
+    EXPECT_EQ(s.viewindex, 1299);
+    EXPECT_FALSE(st.T1);
+    EXPECT_EQ(ui.messages, std::vector<std::string>{"已经播放到文件最初位置！"});
+}
+
+TEST_F(Transport, StepBackGoesDownTo600AndThenSaysSo) {
+    s.viewindex = 1000;
+    stepback(st);
+    EXPECT_EQ(s.viewindex, 600);
+    EXPECT_EQ(ui.messages, std::vector<std::string>{"已经播放到文件最初位置！"});
+    ui.messages.clear();
+    s.viewindex = 1200;
+    stepback(st);
+    EXPECT_EQ(s.viewindex, 700);
+    EXPECT_TRUE(ui.messages.empty());
+}
+
+TEST_F(Transport, ViewAtTheLastPositionStopsAtTheNextTick) {
+    st.settings.wholefile = 0;
+    s.rawgrid[1000][0] = 1;
+    rebuildmap(st, s); // a short clip map: the bar ends long before the file
+    st.form.captions["Command8"] = "播放暂停";
+    st.T1 = true;
+    s.viewindex = s.lastposition;
+    replaytick(st);
+    EXPECT_FALSE(st.T1);
+    EXPECT_EQ(s.viewindex, s.lastposition);
+    EXPECT_EQ(ui.messages, std::vector<std::string>{"已经播放到文件最后位置！"});
+    EXPECT_EQ(st.form.captions["Command8"], "连续播放");
+}
+
+TEST_F(Transport, TickPastTheBarsEndStopsThere) {
+    st.T1 = true;
+    st.form.captions["Command8"] = "播放暂停";
+    st.settings.bofsd = 9;
+    setreplayspeed(st);
+    s.viewindex = s.scrollmax * 300 - 10;
+    replaytick(st);
+    EXPECT_EQ(s.viewindex, s.scrollmax * 300);
+    EXPECT_FALSE(st.T1);
+    EXPECT_EQ(ui.messages, std::vector<std::string>{"已经播放到文件最后位置！"});
+}
+
+TEST_F(Transport, AsynchronousModeLeavesTheMainSideWhenTheComparisonHasTheFocus) {
+    st.T1 = true;
+    st.asynchronous = true;
+    st.playside = "cong";
+    s.viewindex = 700;
+    replaytick(st);
+    EXPECT_EQ(s.viewindex, 700);
+}
+
+TEST_F(Transport, SeekKeepsTheFirstHundredHitsOfAKilometre) {
+    // The same kilometre every 1002 positions: 150 passes.
+    for (std::int64_t p = 1000; p < 1000 + 150 * 1002; p += 1002) s.mileage[p][0] = 7.5f;
+    st.Text1 = "7.5";
+    seekkilometre(st);
+    EXPECT_EQ(st.seekcount, 100);
+    EXPECT_EQ(st.seekhits[0], 1000);
+    EXPECT_EQ(st.seekhits[99], 1000 + 99 * 1002);
+    EXPECT_EQ(s.viewindex, 1000);
+    EXPECT_EQ(st.seekat, 1);
+}
+
+TEST_F(Transport, HitCloserThan1001ToTheOneBeforeIsSkipped) {
+    s.mileage[1000][0] = 7.5f;
+    s.mileage[2000][0] = 7.5f; // 1000 on: skipped
+    s.mileage[3001][0] = 7.5f;
+    st.Text1 = "7.5";
+    seekkilometre(st);
+    ASSERT_EQ(st.seekcount, 2);
+    EXPECT_EQ(st.seekhits[1], 3001);
+    nextseekhit(st);
+    EXPECT_EQ(s.viewindex, 3001);
+    nextseekhit(st);
+    EXPECT_EQ(s.viewindex, 1000); // back to the first past the last
+}
+
+TEST_F(Transport, TextThatIsNoNumberSeeksKilometreZero) {
+    st.Text1 = "abc";
+    seekkilometre(st);
+    EXPECT_EQ(st.seekhits[0], 800); // every unknown kilometre reads 0
+    EXPECT_EQ(s.viewindex, 800);
+}
+
+TEST_F(Transport, SeekWithoutAHitTakesTheNearestPosition) {
+    s.mileage[5000][0] = 7.49f;
+    s.mileage[6000][0] = 7.52f;
+    st.Text1 = "7.5";
+    seekkilometre(st);
+    EXPECT_EQ(st.seekcount, 1);
+    EXPECT_EQ(st.seekhits[0], 5000);
+    EXPECT_EQ(s.viewindex, 5000);
+}
+
+TEST_F(Transport, MarkersNoteTheStretchAndDrawItsLength) {
+    s.viewindex = 10000;
+    st.pointerx = 300;
+    markstart(st);
+    EXPECT_EQ(st.startx, 300);
+    EXPECT_EQ(st.startpos, 10000);
+    EXPECT_EQ(st.startdist, 10900);
+    EXPECT_TRUE(st.form.azdenabled);
+    st.pointerx = 800;
+    markend(st);
+    EXPECT_EQ(st.enddist, 10400);
+    std::vector<std::string> texts;
+    for (const DrawOp& op : canvas.ops)
+        if (op.kind == DrawOp::Kind::print && op.text.find("米") != std::string::npos)
+            texts.push_back(op.text);
+    EXPECT_EQ(texts, (std::vector<std::string>{"1.750米", "1.750米"})); // 500 positions of 3.5 mm
+}
+
+} // namespace
