@@ -1,6 +1,7 @@
 // orvane-cli run: the user's actions on Form28, in order, and the state they leave.
 #include "app/controls.h"
 #include "app/station.h"
+#include "bmode/alignment.h"
 #include "bmode/bmode.h"
 #include "commands.h"
 #include "json.h"
@@ -8,6 +9,7 @@
 #include "replay/transport.h"
 #include "replay/viewmap.h"
 
+#include <cstdlib>
 #include <stdexcept>
 
 namespace orvane::cli {
@@ -50,8 +52,26 @@ void redraw(Station& st) {
     bofang(st);
 }
 
+// The controls of the alignment window while it is open.
+bool pressalignment(Station& st, const std::string& name) {
+    if (!st.alignment.open) return false;
+    if (name == "Option1" || name == "Option2")
+        alignmentmode(st, name == "Option2");
+    else if (name == "Cmdbc")
+        savealignment(st);
+    else if (name == "Cmdsc")
+        deletealignment(st);
+    else if (name == "Formpk2")
+        closealignment(st);
+    else
+        return false;
+    return true;
+}
+
 void press(Station& st, const std::string& name, const std::string& button, const std::string& action) {
     const bool left = button.empty() || button == "left";
+    if (pressalignment(st, name)) return;
+    if (name == "Command3") return openalignment(st);
     if (name == "Command8") return pressplay(st);
     if (name == "Command34") return stepforward(st);
     if (name == "Command27") return stepback(st);
@@ -82,6 +102,12 @@ void press(Station& st, const std::string& name, const std::string& button, cons
 }
 
 void scroll(Station& st, const std::string& name, int value) {
+    if (st.alignment.open && name.rfind("HScroll", 0) == 0) {
+        const int channel = std::atoi(name.c_str() + 7) - 1; // HScroll1..HScroll8: A..H
+        if (channel < 0 || channel > 7) throw ActionError("no alignment bar " + name);
+        movealignment(st, channel, value);
+        return replaytick(st); // the timer shows the change at a step of 0
+    }
     if (name == "HScrolljd") {
         Side& s = st.zhu;
         s.viewindex = std::max(value * 300, 600);

@@ -251,6 +251,14 @@ struct Station {
     std::string markerkind;
     double pointerx = 0; // x of the last press on the picture
 
+    // The alignment window Formpk2 of the main side, while it is open.
+    struct Alignment {
+        bool open = false;
+        std::array<std::int16_t, 8> pinkongbase{}; // the words when the window opened
+        std::int16_t savedstep = 0;                // replaystep before the opening
+    } alignment;
+    std::array<std::int16_t, 9> pinkongkeep{}; // the words put aside by the mode "精确"
+
     // Ports.
     Ui* ui = nullptr;
     Canvas* picture1 = nullptr; // the B-mode picture of the main side

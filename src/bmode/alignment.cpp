@@ -1,0 +1,65 @@
+#include "bmode/alignment.h"
+
+#include "app/ports.h"
+#include "app/station.h"
+#include "replay/bofang.h"
+
+#include <algorithm>
+
+namespace orvane {
+
+void openalignment(Station& st) {
+    if (st.alignment.open) return;
+    st.alignment.open = true;
+    std::copy_n(st.zhu.pinkongval.begin(), 8, st.alignment.pinkongbase.begin());
+    st.alignment.savedstep = st.replaystep;
+    st.replaystep = 0;
+    st.T1 = true;
+    st.playside = "zhu";
+}
+
+void movealignment(Station& st, int channel, int value) {
+    if (!st.alignment.open || channel < 0 || channel > 7) return;
+    value = std::clamp(value, -200, 200);
+    st.zhu.pinkongval[channel] = static_cast<std::int16_t>(st.alignment.pinkongbase[channel] + value);
+}
+
+void alignmentmode(Station& st, bool exact) {
+    auto& words = st.zhu.pinkongval;
+    // Channel I's word tells the state: it is not 0 only while words are in force.
+    if (exact) {
+        if (words[8] != 0) st.pinkongkeep = words;
+        words.fill(0);
+    } else if (words[8] == 0) {
+        words = st.pinkongkeep;
+    }
+    closealignment(st);
+}
+
+void savealignment(Station& st) {
+    if (st.language == "english") return; // only tried, never stored, in English
+    Db& db = *st.gpsxdb;
+    if (db.scalar("select count(*) from pinkong where jqbh=?", {st.machineno}).number() == 0)
+        db.exec("insert into pinkong(jqbh) values(?)", {st.machineno});
+    std::vector<std::string> values;
+    for (int k = 0; k < 8; ++k) values.push_back(std::to_string(st.zhu.pinkongval[k]));
+    values.push_back(st.machineno);
+    db.exec("update pinkong set apk=?,bpk=?,cpk=?,dpk=?,epk=?,fpk=?,gpk=?,hpk=? where jqbh=?", values);
+}
+
+void deletealignment(Station& st) {
+    if (st.language == "english") return;
+    st.gpsxdb->exec("delete from pinkong where jqbh=?", {st.machineno});
+}
+
+void closealignment(Station& st) {
+    if (!st.alignment.open) return;
+    st.alignment.open = false;
+    st.replaystep = st.alignment.savedstep;
+    st.T1 = false;
+    st.pinkonghit = 1;
+    bofang(st);
+    st.form.captions["Command8"] = st.language == "english" ? "Play" : "连续播放";
+}
+
+} // namespace orvane
