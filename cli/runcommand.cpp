@@ -5,6 +5,7 @@
 #include "bmode/bmode.h"
 #include "commands.h"
 #include "json.h"
+#include "recording/zaodibo.h"
 #include "replay/bofang.h"
 #include "replay/transport.h"
 #include "replay/viewmap.h"
@@ -44,12 +45,15 @@ int channelofcheck(const std::string& name) {
     return -1;
 }
 
-// A display control changed: the picture follows as the control's handler makes it.
-void redraw(Station& st) {
+// A display control changed: the picture follows as the control's handler makes it. The options
+// that change the map keep the view at its kilometre.
+void redraw(Station& st, const std::string& name) {
     layout(st);
     background(st);
-    rebuildmap(st, st.zhu);
-    bofang(st);
+    if (name == "Option16" || name == "Option17" || name == "Option1" || name == "Option2")
+        keepplace(st);
+    else
+        bofang(st);
 }
 
 // The controls of the alignment window while it is open.
@@ -96,7 +100,7 @@ void press(Station& st, const std::string& name, const std::string& button, cons
     if (name.rfind("Option", 0) == 0) {
         setcontrol(st, name, "1");
         setreplayspeed(st);
-        return redraw(st);
+        return redraw(st, name);
     }
     throw ActionError("no control to press: " + action);
 }
@@ -117,6 +121,11 @@ void scroll(Station& st, const std::string& name, int value) {
     }
     setcontrol(st, name, std::to_string(value));
     setreplayspeed(st);
+    if (name == "HScroll10") {
+        // A new loss limit marks the reportable losses again.
+        markbottomloss(st, st.zhu);
+        return keepplace(st);
+    }
     bofang(st);
 }
 

@@ -41,6 +41,23 @@ std::int32_t sampleinslot(const Side& side, std::int32_t guess, std::int32_t a, 
     return -1;
 }
 
+// The newest note of an analyst at POSITION, printed as its mark's name and its date and time.
+void analysisnote(Station& st, std::int32_t position, double x, double y) {
+    for (std::int32_t n = st.analysiscount + st.newpoints - 1; n >= 0; --n) {
+        if (n >= static_cast<std::int32_t>(st.analysispos.size()) || st.analysispos[n] != position) continue;
+        const std::string& note = st.analysislist[n];
+        const int entry = static_cast<int>(stores::vbval(mid(note, 2, 1)));
+        if (entry < 1 || entry > 8) return;
+        Canvas& c = *st.picture1;
+        c.currentx = x;
+        c.currenty = y;
+        c.forecolor = rgb(0, 191, 255);
+        c.print(mid(f1to8[entry - 1], 4, 100) + "(" + mid(note, 3, 8) + "-" + mid(note, 11, 2) + ":" +
+                mid(note, 13, 2) + ":" + mid(note, 15, 2) + ")");
+        return;
+    }
+}
+
 } // namespace
 
 void positionlabels(Station& st) {
@@ -73,14 +90,17 @@ void positionlabels(Station& st) {
         if (i < 0 || gap < 0) continue;
         const double t = viewspan - (side.samplepos[i] - here) + static_cast<double>(gap);
         const std::string& clock = side.sampleclock[i];
-        if (!(stores::vbval(mid(clock, 7, 8)) > 0 || here > 2000)) continue;
-        if (lasttick - t > 100) {
+        const bool labelled = stores::vbval(mid(clock, 7, 8)) > 0 || here > 2000;
+        if (labelled && lasttick - t > 100) {
             c->currentx = t;
             c->currenty = y;
+            c->forecolor = st.settings.color("biaochicolor");
             c->print(clocktext(clock) + " " + formatfixed(side.samplespeed[i], 1, 1) + "km/h " +
                      mid(clock, 7, 4) + "km" + mid(clock, 11, 3) + "m");
             lasttick = t;
         }
+        analysisnote(st, side.samplepos[i], viewspan - (side.samplepos[i] - here),
+                     side.scaletop + side.scaleheight - 25 + risea - marklift - (zhjz ? 10 : 0));
     }
 }
 

@@ -8,6 +8,10 @@ struct Station;
 
 void bofang(Station& st);
 
+// The analyst's marks of the popup menu f1to8; a note names its entry by its second digit.
+inline constexpr const char* f1to8[] = {"F1-阅",    "F2-怀疑",  "F3-鱼鳞纹起点", "F4-鱼鳞纹终点",
+                                        "F5-关注1", "F6-关注2", "F7-关注3",      "F8-关注4"};
+
 // The clock, speed and kilometre of the samples on screen, and the notes of earlier analysis.
 void positionlabels(Station& st);
 

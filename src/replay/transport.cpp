@@ -194,6 +194,15 @@ void drawmarker(Station& st, const char* kind) {
     c->print(formatfixed(std::abs(st.startdist - st.enddist) * 0.0035, 1, 3) + "米");
 }
 
+void keepplace(Station& st) {
+    Side& s = st.zhu;
+    const std::int64_t p = s.mapat(s.viewindex);
+    const std::string note = formatfixed(p >= 0 && p < s.gridrows ? s.mileage[p][0] : 0.0f, 4, 3);
+    rebuildmap(st, s);
+    st.Text1 = mid(note, 1, 4) + "." + mid(note, 6, 3);
+    seekkilometre(st);
+}
+
 void yybscs(Station& st) {
     if (st.analysiscount <= 0) return;
     const std::string& newest = st.analysislist[st.analysiscount - 1];

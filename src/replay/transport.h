@@ -24,6 +24,9 @@ void markstart(Station& st);
 void markend(Station& st);
 // Draws the marker of markerkind with the length between the two.
 void drawmarker(Station& st, const char* kind);
+// After a change of the map (whole file or clip, reversals, alignment, loss limit): the map is
+// rebuilt and the view returns to the same kilometre.
+void keepplace(Station& st);
 // Goes to the newest note of an earlier analysis.
 void yybscs(Station& st);
 

@@ -308,4 +308,21 @@ TEST_F(Picture, BackwardReplayRestartsEveryCursor) {
     EXPECT_EQ(s.samplecursor, -1);
 }
 
+TEST_F(Picture, SamplesOnScreenShowClockSpeedAndKilometreAndTheNotesOfAnAnalyst) {
+    s.samplecount = 1;
+    s.samplepos[0] = 900; // i = 300 from the right edge at view 600
+    s.sampleclock.assign(2, "08301501234560");
+    s.samplespeed.assign(2, 2.5f);
+    st.analysiscount = 1;
+    st.analysispos[0] = 900;
+    st.analysislist[0] = "0320261122101530";
+    canvas.ops.clear();
+    positionlabels(st);
+    EXPECT_EQ(texts(),
+              (std::vector<std::string>{"08:30:15 2.5km/h 0123km456m", "鱼鳞纹起点(20261122-10:15:30)"}));
+    EXPECT_EQ(canvas.ops[0].x1, 900);
+    EXPECT_EQ(canvas.ops[1].color, rgb(0, 191, 255));
+    EXPECT_EQ(st.form.labels["Label1"], "当前里程:0000公里000米");
+}
+
 } // namespace

@@ -170,4 +170,17 @@ TEST_F(Transport, MarkersNoteTheStretchAndDrawItsLength) {
     EXPECT_EQ(texts, (std::vector<std::string>{"1.750米", "1.750米"})); // 500 positions of 3.5 mm
 }
 
+TEST_F(Transport, KeepPlaceReturnsToTheSameKilometreAfterTheMapChanges) {
+    for (std::int64_t p = 800; p <= s.lastposition; ++p)
+        s.mileage[p][0] = static_cast<float>(p * 0.0035 / 1000 + 5);
+    s.viewindex = 100000; // kilometre 5.350
+    st.settings.wholefile = 0;
+    s.rawgrid[50000][0] = 1; // the clip map shrinks the silence before and behind
+    s.rawgrid[100000][0] = 1;
+    keepplace(st);
+    EXPECT_EQ(st.Text1, "0005.350");
+    ASSERT_GE(st.seekcount, 1);
+    EXPECT_NEAR(s.mileage[s.mapat(s.viewindex)][0], 5.35f, 0.002f);
+}
+
 } // namespace
