@@ -262,6 +262,8 @@ struct Station {
     // Ports.
     Ui* ui = nullptr;
     Canvas* picture1 = nullptr; // the B-mode picture of the main side
+    Canvas* picture6 = nullptr; // the B-mode picture of the comparison side
+    Canvas* picture9 = nullptr; // the enlargement
     Clock* clock = nullptr;
 
     // How many processes run this program; the second-instance check asks it.

@@ -16,6 +16,11 @@ void background(Station& st);
 
 // One screenful of the main side from viewindex: channel sweeps, late waves, events.
 void loadall(Station& st);
+// Its relatives: the comparison side on Picture6; the repaint of the A-mode replay up to the column
+// it reached; the enlargement on Picture9 of 300 view indices around the ruler's x.
+void loadalldb(Station& st);
+void loadallduotd(Station& st, int lastcolumn);
+void loadallfangda(Station& st, double rulerx);
 // The crosses where the clip map joined two stretches.
 void loadjjxx(Station& st);
 

@@ -1,9 +1,11 @@
-// One screenful of the main recording on Picture1.
+// One screenful of a recording: the main side on Picture1 and its relatives, the comparison side
+// on Picture6, the A-mode replay's repaint and the enlargement on Picture9.
 #include "app/canvas.h"
 #include "app/numbers.h"
 #include "app/station.h"
 #include "bmode/bmode.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace orvane {
@@ -23,24 +25,32 @@ bool anyof(const std::string& kind, std::initializer_list<const char*> kinds) {
     return false;
 }
 
+// Which picture a sweep draws. The relatives of the main picture differ in a few points each.
+enum class Variant { main, comparison, amode, zoom };
+
 struct Sweep {
     Station& st;
     Side& side;
     Canvas& c;
-    const int viewspan;
+    const Variant variant;
+    const int span;           // canvas units across: viewspan, or 300 in the enlargement
+    const std::int64_t first; // view index at the right edge
+    const int columns;        // view indices swept
     const std::string& displaymode;
 
-    float x(int v, float pathx, int i) const { return static_cast<float>(v) * pathx / 6 + (viewspan - i); }
+    float x(int v, float pathx, int i) const { return static_cast<float>(v) * pathx / 6 + (span - i); }
     std::int16_t value(int i, int offset, int shift, int column) const {
-        const std::int64_t p = side.mapat(static_cast<std::int64_t>(side.viewindex) + i + offset);
+        const std::int64_t p = side.mapat(first + i + offset);
         return side.cellat(p + shift, column);
     }
+    // The comparison picture has no separated layout.
+    bool fenjie() const { return variant != Variant::comparison && displaymode == "fenjie"; }
 
     // The 70 degree beam that reaches the foot and comes back: the folded leg drawn thicker.
     void vsweep(int ch, float pathx, int basewidth) {
         const float pathy = static_cast<float>(st.cos70);
         const float limit = static_cast<float>(side.foldvalue * 0.0323 * side.channelscale[ch]);
-        for (int i = 0; i < viewspan; ++i) {
+        for (int i = 0; i < columns; ++i) {
             const int v = value(i, side.pinkongval[ch], 0, ch);
             if (v < 1) continue;
             if (limit <= v) {
@@ -57,7 +67,7 @@ struct Sweep {
     }
 
     void plot(int column, int offset, const Factors& f) {
-        for (int i = 0; i < viewspan; ++i) {
+        for (int i = 0; i < columns; ++i) {
             const int v = value(i, offset, f.shift, column);
             if (v > 0)
                 c.pset(x(v, f.pathx, i), static_cast<float>(v) * f.pathy * f.half * f.band * f.narrow + 18 -
@@ -66,8 +76,9 @@ struct Sweep {
     }
 
     void channels(Factors& f) {
-        const bool fenjie = displaymode == "fenjie";
-        const bool v = !fenjie && st.settings.vshape == 1;
+        const bool fenjie = this->fenjie();
+        // Only the main picture reads Option19; its relatives draw the V of the kinds 44 and 45.
+        const bool v = variant == Variant::main && !fenjie && st.settings.vshape == 1;
         const float cos70 = static_cast<float>(st.cos70), sin60 = static_cast<float>(st.sin60);
         for (int ch = 0; ch < 9; ++ch) {
             if (!st.form.channelshown[ch]) continue;
@@ -80,6 +91,8 @@ struct Sweep {
             if (kind == "26") f.pathy = 0.777f, f.pathx = 0.629f;
             if (v && anyof(kind, {"4A", "48"})) vsweep(ch, 0.25f * 0.3f, basewidth);
             if (v && anyof(kind, {"4B", "49"})) vsweep(ch, -0.25f * 0.3f, basewidth);
+            if (variant != Variant::main && kind == "44") vsweep(ch, 0.25f, basewidth);
+            if (variant != Variant::main && kind == "45") vsweep(ch, -0.25f, basewidth);
             if (anyof(kind, {"13", "12"})) f.pathy = static_cast<float>(st.cos18);
             if (kind == "46") f.pathy = cos70, f.pathx = sin60;
             if (anyof(kind, {"4A", "48"})) f.pathy = cos70, f.pathx = sin60, f.half = 0.5f;
@@ -113,7 +126,7 @@ struct Sweep {
             if (r == 12) f.pathy = 1, f.pathx = 0, f.lift = 6;
             if (r == 10) f.pathy = 0.777f, f.pathx = -0.629f;
             if (r == 11) f.pathy = 0.777f, f.pathx = 0.629f;
-            if (displaymode == "fenjie") {
+            if (fenjie()) {
                 f.bandrow = static_cast<int>(roundeven((side.railfootrow - 18) * (r >= 12 ? 2.0 : 1.0) / 3));
                 f.band = 1.0f / 3;
             } else {
@@ -142,10 +155,10 @@ struct Sweep {
         const double T = zhjz ? B - 65 : B - 15;
         const std::uint32_t ruler = st.settings.color("biaochicolor");
         const bool china = st.language == "china";
-        for (int i = 0; i < viewspan; ++i) {
+        for (int i = 0; i < columns; ++i) {
             const int e = value(i, 0, 0, 9);
             if (e == 0) continue;
-            const double x = viewspan - i;
+            const double x = span - i;
             if (e == 1 || (e > 1000 && e < 1257)) {
                 c.forecolor = ruler;
                 c.drawstyle = 3;
@@ -190,7 +203,7 @@ struct Sweep {
         c.fontsize = 18;
         const std::string text = n != 255 ? "倒车长度：" + formatfixed(n * 4 * 0.0035, 1, 2) + "米"
                                           : std::string("倒车长度：超过3米");
-        if (st.settings.reverseshow == 0) {
+        if (st.settings.reverseshow == 0 && variant != Variant::comparison) {
             st.form.Shape1 = {true, c.currentx - 15, c.currenty};
             st.form.Label6 = {true, c.currentx - 15, c.currenty};
         }
@@ -216,17 +229,45 @@ struct Sweep {
 
 } // namespace
 
-void loadall(Station& st) {
-    if (!st.picture1) return;
-    Canvas& c = *st.picture1;
-    Sweep sweep{st, st.zhu, c, st.settings.viewspan, st.displaymode};
+namespace {
+
+void sweep(Station& st, Side& side, Canvas& c, Variant variant, int span, std::int64_t first, int columns) {
+    Sweep sweep{st, side, c, variant, span, first, columns, st.displaymode};
     const int style = c.drawstyle, width = c.drawwidth;
     Factors f;
     sweep.channels(f);
     sweep.latewaves(f);
-    sweep.events();
+    if (variant != Variant::zoom) sweep.events();
     c.drawstyle = style;
     c.drawwidth = width;
+}
+
+} // namespace
+
+void loadall(Station& st) {
+    if (st.picture1)
+        sweep(st, st.zhu, *st.picture1, Variant::main, st.settings.viewspan, st.zhu.viewindex,
+              st.settings.viewspan);
+}
+
+void loadalldb(Station& st) {
+    if (st.picture6)
+        sweep(st, st.cong, *st.picture6, Variant::comparison, st.settings.viewspan, st.cong.viewindex,
+              st.settings.viewspan);
+}
+
+void loadallduotd(Station& st, int lastcolumn) {
+    if (st.picture1)
+        sweep(st, st.zhu, *st.picture1, Variant::amode, st.settings.viewspan, st.zhu.viewindex,
+              std::clamp(lastcolumn + 1, 0, static_cast<int>(st.settings.viewspan)));
+}
+
+void loadallfangda(Station& st, double rulerx) {
+    if (!st.picture9) return;
+    st.picture9->clear();
+    const double start = roundeven(st.settings.viewspan - (rulerx + 150) + st.zhu.viewindex);
+    sweep(st, st.zhu, *st.picture9, Variant::zoom, 300, static_cast<std::int64_t>(std::max(start, 800.0)),
+          300);
 }
 
 void loadjjxx(Station& st) {

@@ -325,4 +325,59 @@ TEST_F(Picture, SamplesOnScreenShowClockSpeedAndKilometreAndTheNotesOfAnAnalyst)
     EXPECT_EQ(st.form.labels["Label1"], "当前里程:0000公里000米");
 }
 
+TEST_F(Picture, ComparisonPictureDrawsTheVOfKindFortyFourWithoutTheSeparatedLayout) {
+    RecordingCanvas picture6;
+    st.picture6 = &picture6;
+    st.displaymode = "fenjie";
+    Side& c = st.cong;
+    c.lastposition = 5000;
+    c.reachgrids(5100);
+    c.channelkind = {"44", "46", "49", "48", "4B", "4A", "25", "26", "00"};
+    c.channelscale.fill(10);
+    c.foldvalue = 200;         // the fold at a path of 200 · 0.0323 · 10 = 64.6
+    c.samplegrid[700][0] = 40; // A, kind 44: V sweep at +0.25, the direct leg
+    c.samplegrid[700][8] = 90; // I: no band in the comparison picture
+    c.samplegrid[800][9] = 1010;
+    rebuildmap(st, c);
+    c.viewindex = 600;
+    loadalldb(st);
+    std::vector<DrawOp> a, i;
+    for (const DrawOp& op : picture6.ops) {
+        if (op.kind == DrawOp::Kind::pset && op.color == 100) a.push_back(op);
+        if (op.kind == DrawOp::Kind::pset && op.color == 108) i.push_back(op);
+    }
+    ASSERT_EQ(a.size(), 1u);
+    EXPECT_FLOAT_EQ(static_cast<float>(a[0].x1), 40 * 0.25f / 6 + 1100);
+    EXPECT_FLOAT_EQ(static_cast<float>(a[0].y1), 40 * static_cast<float>(st.cos70) + 18);
+    ASSERT_EQ(i.size(), 1u);
+    EXPECT_FLOAT_EQ(static_cast<float>(i[0].y1), 90 + 18 - 6);
+    EXPECT_FALSE(st.form.Shape1.visible); // the comparison picture has no reverse shape
+    EXPECT_TRUE(canvas.ops.empty());
+}
+
+TEST_F(Picture, AmodeRepaintSweepsOnlyToTheColumnReached) {
+    s.samplegrid[650][6] = 100; // i = 50
+    s.samplegrid[750][6] = 100; // i = 150
+    rebuildmap(st, s);
+    s.viewindex = 600;
+    loadallduotd(st, 100);
+    EXPECT_EQ(psets(106).size(), 1u);
+}
+
+TEST_F(Picture, EnlargementSweeps300IndicesAroundTheRulerWithoutEvents) {
+    RecordingCanvas picture9;
+    st.picture9 = &picture9;
+    s.samplegrid[900][6] = 100;
+    s.samplegrid[900][9] = 23;
+    rebuildmap(st, s);
+    s.viewindex = 600;
+    loadallfangda(st, 1200 - 150); // start = Round(1200 - 1200 + 600) = 600, raised to 800
+    std::vector<DrawOp> dots;
+    for (const DrawOp& op : picture9.ops)
+        if (op.kind == DrawOp::Kind::pset) dots.push_back(op);
+    ASSERT_EQ(dots.size(), 1u);
+    EXPECT_FLOAT_EQ(static_cast<float>(dots[0].x1), 100 * -0.629f / 6 + (300 - 100));
+    for (const DrawOp& op : picture9.ops) EXPECT_NE(op.kind, DrawOp::Kind::print);
+}
+
 } // namespace
