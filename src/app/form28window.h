@@ -2,10 +2,20 @@
 // The main window: shows the station's state and forwards the user's acts to the logic.
 #include <QMainWindow>
 
+#include <functional>
+#include <map>
 #include <memory>
+#include <string>
+#include <vector>
 
+class QCheckBox;
 class QLabel;
+class QLineEdit;
 class QProgressBar;
+class QPushButton;
+class QScrollBar;
+class QTableWidget;
+class QTimer;
 
 namespace orvane {
 
@@ -29,16 +39,32 @@ class Form28Window : public QMainWindow {
     void activated();
 
   protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
   private:
+    // Runs one act of the user through the logic, then shows what it left; a refused act is a message.
+    void act(const std::function<void()>& handler);
+    QPushButton* button(const char* name, const QString& caption, const char* control);
+    void filltable(QTableWidget* table, const std::vector<std::vector<std::string>>& cells);
+
     Station& st_;
     DialogUi& ui_;
     std::unique_ptr<RasterCanvas> canvas_;
     PictureView* picture1_ = nullptr;
     QProgressBar* pb1_ = nullptr;
     QLabel* lts1_ = nullptr;
+    QPushButton* command8_ = nullptr;
+    QScrollBar* hscrolljd_ = nullptr;
+    QScrollBar* hscroll8_ = nullptr;
+    QLineEdit* text1_ = nullptr;
+    QTimer* t1_ = nullptr;
+    QTableWidget* grid1_ = nullptr;
+    QTableWidget* grid2_ = nullptr;
+    QTableWidget* grid3_ = nullptr;
+    std::vector<QCheckBox*> checks_;
+    std::map<std::string, QLabel*> labels_; // Label1, Ljls, the job summary
     bool activationqueued_ = false;
 };
 

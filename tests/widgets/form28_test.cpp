@@ -4,12 +4,21 @@
 #include "app/startup.h"
 #include "stationfixture.h"
 
+#include "generator.h"
+
 #include <QApplication>
+#include <QCheckBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QProgressBar>
+#include <QPushButton>
+#include <QScrollBar>
 #include <QSignalSpy>
+#include <QTableWidget>
+#include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
+#include <memory>
 
 using namespace orvane;
 
@@ -65,6 +74,74 @@ TEST_F(Form28, ASecondInstanceAnsweredNoClosesAtActivation) {
     window.activate();
     EXPECT_TRUE(st.process.ended);
     EXPECT_FALSE(window.isVisible());
+}
+
+} // namespace
+
+namespace {
+
+// The window on a small synthetic recording, loaded and shown.
+class Form28Replay : public testkit::StationTest {
+  protected:
+    void SetUp() override {
+        start();
+        const ktrgen::Recording rec = ktrgen::generate(ktrgen::preset("small"), 2);
+        std::string bytes(rec.bytes.begin(), rec.bytes.end());
+        windowload(st, writefile("small.ktr", bytes));
+        window = std::make_unique<Form28Window>(st, dialogs);
+        st.ui = &ui;
+        window->activate();
+        ASSERT_TRUE(ui.messages.empty());
+    }
+    void TearDown() override { window.reset(); }
+    template <class T> T* control(const char* name) { return window->findChild<T*>(name); }
+
+    DialogUi dialogs;
+    std::unique_ptr<Form28Window> window;
+};
+
+TEST_F(Form28Replay, PlayStartsTheTimerWhoseTicksMoveTheView) {
+    auto* play = control<QPushButton>("Command8");
+    ASSERT_NE(play, nullptr);
+    EXPECT_EQ(play->text().toStdString(), "连续播放");
+    play->click();
+    EXPECT_EQ(play->text().toStdString(), "播放暂停");
+    auto* timer = control<QTimer>("T1");
+    ASSERT_TRUE(timer->isActive());
+    EXPECT_EQ(timer->interval(), 15); // speed 5 of the seeded settings
+    QTRY_VERIFY_WITH_TIMEOUT(st.zhu.viewindex > 600, 2000);
+    play->click();
+    EXPECT_FALSE(timer->isActive());
+}
+
+TEST_F(Form28Replay, StepKeysAndTheBarMoveTheView) {
+    control<QPushButton>("Command34")->click();
+    EXPECT_EQ(st.zhu.viewindex, 600 + 500);
+    control<QPushButton>("Command27")->click();
+    EXPECT_EQ(st.zhu.viewindex, 600);
+    auto* bar = control<QScrollBar>("HScrolljd");
+    EXPECT_EQ(bar->maximum(), st.zhu.scrollmax);
+    bar->triggerAction(QAbstractSlider::SliderPageStepAdd);
+    EXPECT_EQ(st.zhu.viewindex, bar->value() * 300);
+}
+
+TEST_F(Form28Replay, CheckBoxHidesItsChannelAndPanelsShowTheRecords) {
+    auto* g = control<QCheckBox>("Check7");
+    ASSERT_TRUE(g->isChecked());
+    g->click();
+    EXPECT_FALSE(st.form.channelshown[6]);
+    auto* grid2 = control<QTableWidget>("Grid2");
+    EXPECT_EQ(grid2->item(0, 1)->text().toStdString(), "执机人");
+    EXPECT_EQ(grid2->item(1, 1)->text().toStdString(), "张伟");
+    EXPECT_EQ(control<QLabel>("Lzygk")->text().toStdString(), "日期:26.11.22  机号:51207");
+}
+
+TEST_F(Form28Replay, EnterInTheKilometreBoxSeeks) {
+    auto* text1 = control<QLineEdit>("Text1");
+    text1->setText("12.35");
+    QTest::keyClick(text1, Qt::Key_Return);
+    ASSERT_GE(st.seekcount, 1);
+    EXPECT_EQ(st.zhu.viewindex, st.seekhits[0]);
 }
 
 } // namespace
