@@ -74,6 +74,11 @@ void press(Station& st, const std::string& name, const std::string& button) {
         st.form.channelshown[k] = !st.form.channelshown[k];
         return bofang(st);
     }
+    if (name == "Option10" || name == "Option11") { // the auxiliary lines: hidden or shown
+        st.form.auxlines = name == "Option11";
+        background(st);
+        return bofang(st);
+    }
     if (name.rfind("Option", 0) == 0) {
         setcontrol(st, name, "1");
         setreplayspeed(st);

@@ -1,6 +1,7 @@
 #include "app/form28window.h"
 
 #include "app/actions.h"
+#include "app/controls.h"
 #include "app/dialogwindow.h"
 #include "app/startup.h"
 #include "app/station.h"
@@ -9,6 +10,7 @@
 
 #include <QCheckBox>
 #include <QCloseEvent>
+#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -16,6 +18,7 @@
 #include <QMouseEvent>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QScrollBar>
 #include <QTableWidget>
 #include <QTimer>
@@ -39,7 +42,10 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
     st_.picture1 = canvas_.get();
 
     auto* central = new QWidget(this);
-    auto* layout = new QVBoxLayout(central);
+    auto* outer = new QHBoxLayout(central);
+    auto* layout = new QVBoxLayout();
+    outer->addLayout(layout, 1);
+    outer->addWidget(settingscolumn(central));
     picture1_ = new PictureView(*canvas_, central);
     picture1_->setObjectName("Picture1");
     layout->addWidget(picture1_, 1);
@@ -157,6 +163,60 @@ Form28Window::~Form28Window() {
     ui_.setparent(nullptr);
 }
 
+// The display settings beside the picture: each option and bar writes its setting and redraws.
+QWidget* Form28Window::settingscolumn(QWidget* parent) {
+    struct Group {
+        const char* title;
+        std::vector<std::pair<const char*, const char*>> options;
+    };
+    static const Group groups[] = {
+        {"B显模式", {{"Option3", "分"}, {"Option4", "合"}, {"Option5", "中"}}},
+        {"水平显示模式", {{"Option8", "扩展"}, {"Option9", "压缩"}}},
+        {"播放模式", {{"Option16", "剪辑"}, {"Option17", "全程"}}},
+        {"倒车显示模式设置", {{"Option1", "消除频繁倒车标记"}, {"Option2", "显示所有倒车标记"}}},
+        {"标记显示位置", {{"Option6", "底部"}, {"Option7", "顶部"}}},
+        {"迟到波显示模式", {{"Option14", "显示"}, {"Option15", "隐藏"}}},
+        {"斜70度显示模式", {{"Option18", "｜型"}, {"Option19", "V型"}}},
+        {"积分栏显示模式", {{"Option20", "隐藏"}, {"Option21", "显示"}}},
+        {"辅助线", {{"Option10", "隐藏"}, {"Option11", "显示"}}},
+    };
+    auto* column = new QWidget(parent);
+    auto* box = new QVBoxLayout(column);
+    for (const Group& g : groups) {
+        auto* frame = new QGroupBox(g.title, column);
+        auto* row = new QHBoxLayout(frame);
+        for (const auto& [name, caption] : g.options) {
+            auto* option = new QRadioButton(caption, frame);
+            option->setObjectName(name);
+            const std::string control = name;
+            connect(option, &QRadioButton::clicked, this,
+                    [this, control] { act([this, control] { orvane::press(st_, control); }); });
+            options_.push_back(option);
+            row->addWidget(option);
+        }
+        box->addWidget(frame);
+    }
+    // The bars of the dot size, the hand step and the length of a reportable bottom-echo loss.
+    const std::tuple<const char*, const char*, int, int> bars[] = {{"HScroll7", "点大小设置", 1, 5},
+                                                                   {"HScroll3", "手动步进值", 10, 2000},
+                                                                   {"HScroll10", "失波长度：", 1, 200}};
+    for (const auto& [name, caption, low, high] : bars) {
+        box->addWidget(new QLabel(caption, column));
+        auto* bar = new QScrollBar(Qt::Horizontal, column);
+        bar->setObjectName(name);
+        bar->setRange(low, high);
+        const std::string control = name;
+        connect(bar, &QScrollBar::valueChanged, this, [this, control](int value) {
+            act([this, control, value] { orvane::scroll(st_, control, value); });
+        });
+        bars_[name] = bar;
+        box->addWidget(bar);
+    }
+    box->addStretch(1);
+    column->setMaximumWidth(260);
+    return column;
+}
+
 QPushButton* Form28Window::button(const char* name, const QString& caption, const char* control) {
     auto* b = new QPushButton(caption, centralWidget() ? centralWidget() : this);
     b->setObjectName(name);
@@ -214,6 +274,23 @@ void Form28Window::refresh() {
         hscroll8_->setValue(st_.settings.bofsd);
     }
     command8_->setText(QString::fromStdString(st_.form.captions["Command8"]));
+    for (QRadioButton* option : options_) {
+        const std::string name = option->objectName().toStdString();
+        const bool on = name == "Option10"   ? !st_.form.auxlines
+                        : name == "Option11" ? st_.form.auxlines
+                                             : optionon(st_, name);
+        if (option->isChecked() != on) {
+            const QSignalBlocker quiet(option);
+            option->setChecked(on);
+        }
+    }
+    const std::pair<const char*, int> barvalues[] = {{"HScroll7", st_.settings.diandx},
+                                                     {"HScroll3", st_.settings.manualstep},
+                                                     {"HScroll10", st_.settings.losswavelimit}};
+    for (const auto& [name, value] : barvalues) {
+        const QSignalBlocker quiet(bars_[name]);
+        bars_[name]->setValue(value);
+    }
     for (int k = 0; k < 9; ++k) checks_[k]->setChecked(st_.form.channelshown[k]);
     for (auto& [name, label] : labels_) {
         auto it = st_.form.labels.find(name);

@@ -13,6 +13,7 @@ class QLabel;
 class QLineEdit;
 class QProgressBar;
 class QPushButton;
+class QRadioButton;
 class QScrollBar;
 class QTableWidget;
 class QTimer;
@@ -47,6 +48,7 @@ class Form28Window : public QMainWindow {
     // Runs one act of the user through the logic, then shows what it left; a refused act is a message.
     void act(const std::function<void()>& handler);
     QPushButton* button(const char* name, const QString& caption, const char* control);
+    QWidget* settingscolumn(QWidget* parent);
     void filltable(QTableWidget* table, const std::vector<std::vector<std::string>>& cells);
 
     Station& st_;
@@ -64,6 +66,8 @@ class Form28Window : public QMainWindow {
     QTableWidget* grid2_ = nullptr;
     QTableWidget* grid3_ = nullptr;
     std::vector<QCheckBox*> checks_;
+    std::vector<QRadioButton*> options_;
+    std::map<std::string, QScrollBar*> bars_;
     std::map<std::string, QLabel*> labels_; // Label1, Ljls, the job summary
     bool activationqueued_ = false;
 };

@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTableWidget>
@@ -142,6 +143,38 @@ TEST_F(Form28Replay, EnterInTheKilometreBoxSeeks) {
     QTest::keyClick(text1, Qt::Key_Return);
     ASSERT_GE(st.seekcount, 1);
     EXPECT_EQ(st.zhu.viewindex, st.seekhits[0]);
+}
+
+TEST_F(Form28Replay, AnOptionWritesItsSettingAndRedraws) {
+    auto* clip = control<QRadioButton>("Option16");
+    ASSERT_NE(clip, nullptr);
+    EXPECT_TRUE(control<QRadioButton>("Option17")->isChecked()); // the seeded whole-file replay
+    const int frames = st.framecount;
+    clip->click();
+    EXPECT_EQ(st.settings.wholefile, 0);
+    EXPECT_EQ(st.colordb->scalar("select fpy from color where weizhi='shoudbjz'").number(), 0);
+    EXPECT_GT(st.framecount, frames);
+    EXPECT_TRUE(clip->isChecked());
+    EXPECT_FALSE(control<QRadioButton>("Option17")->isChecked());
+    control<QRadioButton>("Option11")->click();
+    EXPECT_TRUE(st.form.auxlines);
+    control<QScrollBar>("HScroll7")->setValue(3);
+    EXPECT_EQ(st.settings.diandx, 3);
+    EXPECT_EQ(st.colordb->scalar("select shuzhi from color where weizhi='diandx'").number(), 3);
+}
+
+TEST_F(Form28, ButtonsBeforeARecordingHasLoadedDoNothing) {
+    windowload(st, writefile("run.ktr", ""));
+    DialogUi dialogs;
+    Form28Window window(st, dialogs);
+    st.ui = &ui;
+    window.activate(); // "没有数据！"
+    for (const char* name : {"Command8", "Command34", "Command27", "Command25"})
+        window.findChild<QPushButton*>(name)->click();
+    window.findChild<QRadioButton*>("Option17")->click();
+    EXPECT_FALSE(st.T1);
+    EXPECT_EQ(st.zhu.viewindex, 600);
+    EXPECT_EQ(ui.messages, std::vector<std::string>{"没有数据！"});
 }
 
 } // namespace
