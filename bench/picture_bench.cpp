@@ -1,6 +1,7 @@
 // One redraw of the B-mode picture on the large synthetic recording (22 km, 6.29 million positions)
 // beside the clear to the background alone, and the clip map of the whole recording.
 #include "app/scriptedui.h"
+#include "app/startup.h"
 #include "app/station.h"
 #include "app/systemclock.h"
 #include "bmode/bmode.h"
@@ -34,10 +35,7 @@ struct Loaded {
         st.ui = &ui;
         st.clock = &clock;
         st.railheight = {0, 280, 304, 352, 384};
-        const double degree = 6.28 / 360;
-        st.cos18 = std::cos(18 * degree);
-        st.cos70 = std::cos(70 * degree);
-        st.sin60 = std::sin(60 * degree);
+        pictureconstants(st);
         st.settings.viewspan = 1200;
         st.settings.diandx = 2;
         for (int k = 0; k < 9; ++k) st.settings.channelcolor[k] = 0x3050F0u + 0x101010u * k;

@@ -27,10 +27,6 @@ std::string shortestfloat(float v) {
     return std::string(buf, res.ptr);
 }
 
-} // namespace orvane
-
-namespace orvane {
-
 std::string formatfixed(double v, int intdigits, int decimals) {
     double scale = std::pow(10.0, decimals);
     double units = std::round(std::fabs(v) * scale);

@@ -82,6 +82,17 @@ void loadfilterboxes(Station& st) {
 
 } // namespace
 
+void pictureconstants(Station& st) {
+    st.geometry = {0.0593, 0.0323, 0.777, 0.629, 0.0323, 0.707, 0.707, 0.0323, 0.0593};
+    // The instrument's software takes 2 pi as 6.28; the angles keep that.
+    const double degree = 6.28 / 360;
+    st.cos18 = std::cos(18 * degree);
+    st.sin18 = std::sin(18 * degree);
+    st.cos70 = std::cos(70 * degree);
+    st.sin60 = std::sin(60 * degree);
+    st.quarter = 0.25;
+}
+
 std::string captionof(const std::string& buildvariant, const std::string& language) {
     if (language == "english") return "KRM-5T 2017-03-31-V1.1";
     if (buildvariant == "haerbin") return "KRM-5T/11型 2017-11-16-v1.0版";
@@ -176,14 +187,7 @@ void windowload(Station& st, const std::string& commandline) {
     if (st.language == "english") setenglishcaptions(st);
 
     st.baseoffset = 800;
-    st.geometry = {0.0593, 0.0323, 0.777, 0.629, 0.0323, 0.707, 0.707, 0.0323, 0.0593};
-    // The instrument's software takes 2 pi as 6.28; the angles keep that.
-    const double degree = 6.28 / 360;
-    st.cos18 = std::cos(18 * degree);
-    st.sin18 = std::sin(18 * degree);
-    st.cos70 = std::cos(70 * degree);
-    st.sin60 = std::sin(60 * degree);
-    st.quarter = 0.25;
+    pictureconstants(st);
 
     st.form.lines = namesof(*st.gpsxdb, "zyqjb");
     st.form.defects = namesof(*st.gpsxdb, "bz");

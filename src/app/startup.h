@@ -23,6 +23,8 @@ void windowactivate(Station& st);
 // Close of Form28: the analyst's session is saved when a name stands in Tmc, then the process ends.
 void windowunload(Station& st);
 
+// The constants of the picture, set when the window loads: sound speeds, beam factors, angles.
+void pictureconstants(Station& st);
 // The window caption for the build variant and language.
 std::string captionof(const std::string& buildvariant, const std::string& language);
 

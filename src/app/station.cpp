@@ -22,10 +22,6 @@ bool Side::growgrids(std::int64_t position) {
     return true;
 }
 
-} // namespace orvane
-
-namespace orvane {
-
 void setcell(Table& table, std::size_t row, std::size_t column, const std::string& text) {
     if (row < table.size() && column < table[row].size()) table[row][column] = text;
 }

@@ -44,10 +44,6 @@ std::string hexof(const std::uint8_t* bytes, std::size_t length) {
     return out;
 }
 
-} // namespace orvane
-
-namespace orvane {
-
 std::string mid(std::string_view text, std::size_t start, std::size_t length) {
     if (start == 0 || start > text.size()) return {};
     return std::string(text.substr(start - 1, length));

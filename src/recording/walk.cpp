@@ -201,7 +201,7 @@ void walkfile(Station& st, Side& side) {
     side.sampleclock[side.samplecount] = side.sampleclock[side.samplecount - 1];
 
     zaodibo(st, side);
-    side.scrollmax = side.lastposition / 300;
+    side.scrollmax = scrollmaximum(side.lastposition);
     rebuildmap(st, side);
     side.quarterindex[0] = 0;
     side.quarterlast = (side.quartercount + 3) / 4;

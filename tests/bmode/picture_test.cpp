@@ -1,5 +1,6 @@
 // The B-mode picture and the view map, checked through the operations of a recording canvas.
 #include "app/recordingcanvas.h"
+#include "app/startup.h"
 #include "app/station.h"
 #include "bmode/bmode.h"
 #include "replay/bofang.h"
@@ -19,10 +20,7 @@ class Picture : public testkit::ViewTest {
         prepareview(5000);
         st.settings.markplace = 0;
         for (int k = 0; k < 9; ++k) st.settings.channelcolor[k] = static_cast<std::uint32_t>(100 + k);
-        const double degree = 6.28 / 360;
-        st.cos18 = std::cos(18 * degree);
-        st.cos70 = std::cos(70 * degree);
-        st.sin60 = std::sin(60 * degree);
+        pictureconstants(st);
         s.channelkind = {"47", "46", "49", "48", "4B", "4A", "25", "26", "00"};
         s.railcode = "60";
         layout(st);

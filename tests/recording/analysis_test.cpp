@@ -1,6 +1,5 @@
 // Reading back an earlier analysis: marks, sessions and the analyst's name.
 #include "ktrbuilder.h"
-#include "recording/walk.h"
 #include "stationfixture.h"
 
 #include <gtest/gtest.h>
@@ -15,9 +14,7 @@ namespace {
 class Analysis : public testkit::StationTest {
   protected:
     Side& load(KtrBuilder& b, Side& side, const std::string& name = "run.ktr") {
-        side.filepath = writefile(name, b.bytes());
-        walkfile(st, side);
-        return side;
+        return walkrecording(b.bytes(), side, name);
     }
     Side& load(KtrBuilder& b) { return load(b, st.zhu); }
     static KtrBuilder started() {

@@ -1,6 +1,5 @@
 // The made bottom wave of channel I after a walk.
 #include "ktrbuilder.h"
-#include "recording/walk.h"
 #include "recording/zaodibo.h"
 #include "stationfixture.h"
 
@@ -23,9 +22,7 @@ class BottomWave : public testkit::StationTest {
         st.settings.losswavelimit = 25;
     }
     Side& load(const KtrBuilder& b, Side& side, const std::string& name = "run.ktr") {
-        side.filepath = writefile(name, b.bytes());
-        walkfile(st, side);
-        return side;
+        return walkrecording(b.bytes(), side, name);
     }
     Side& load(const KtrBuilder& b) { return load(b, st.zhu); }
     static KtrBuilder started(const Param& p = {}) {

@@ -1,6 +1,5 @@
 // Hits and events of the detection records.
 #include "ktrbuilder.h"
-#include "recording/walk.h"
 #include "stationfixture.h"
 
 #include <cmath>
@@ -20,9 +19,7 @@ class Detection : public testkit::StationTest {
     Side& walk(const std::vector<Hit>& hits, const Param& p = {}) {
         KtrBuilder b;
         b.param(p).samples({Sample{}}).detection(hits);
-        st.zhu.filepath = writefile("run.ktr", b.bytes());
-        walkfile(st, st.zhu);
-        return st.zhu;
+        return walkrecording(b.bytes(), st.zhu);
     }
 };
 
@@ -159,8 +156,7 @@ TEST_F(Detection, IntegralModeMarkIsNotListed) {
 TEST_F(Detection, MarkWhereARestartStandsMovesTwentyOn) {
     KtrBuilder b;
     b.param().job(0x53, 10).samples({Sample{}}).detection({{10, 0xFF, 0x02}, {10, 0xFF, 0x0F}});
-    st.zhu.filepath = writefile("run.ktr", b.bytes());
-    walkfile(st, st.zhu);
+    walkrecording(b.bytes(), st.zhu, "run.ktr");
     EXPECT_EQ(st.zhu.samplegrid[810][9], 23);
     EXPECT_EQ(st.zhu.samplegrid[830][9], 12346); // the second write went on too
 }
@@ -199,21 +195,18 @@ TEST_F(Detection, CodeC6IsNoTurnout) {
 TEST_F(Detection, EmptyFirstEntryLeavesLastPositionZeroUntilTheEndRules) {
     KtrBuilder b;
     b.param().detection({{5000, 1, 1}}).detection({});
-    st.zhu.filepath = writefile("run.ktr", b.bytes());
-    walkfile(st, st.zhu);
+    walkrecording(b.bytes(), st.zhu, "run.ktr");
     EXPECT_EQ(st.zhu.lastposition, 0); // no sample or job record to restore it from
     KtrBuilder c;
     c.param().samples({Sample{.step = 100}}).detection({{5000, 1, 1}}).detection({});
-    st.zhu.filepath = writefile("two.ktr", c.bytes());
-    walkfile(st, st.zhu);
+    walkrecording(c.bytes(), st.zhu, "two.ktr");
     EXPECT_EQ(st.zhu.lastposition, 900 + 400);
 }
 
 TEST_F(Detection, WithoutAParameterRecordDetectionIsIgnored) {
     KtrBuilder b;
     b.samples({Sample{}}).detection({{10, 1, 50}});
-    st.zhu.filepath = writefile("run.ktr", b.bytes());
-    walkfile(st, st.zhu);
+    walkrecording(b.bytes(), st.zhu, "run.ktr");
     EXPECT_EQ(st.zhu.rawgrid[810][0], 0);
     EXPECT_EQ(st.zhu.quartercount, 0);
 }
@@ -234,8 +227,7 @@ TEST_F(Detection, ComparisonSideHasNoAttributeMarksAndNoRawLateWaves) {
     b.param()
         .samples({Sample{}})
         .detection({{10, 0xFB, 5}, {11, 0x0B, 50}, {12, 0xFD, 1}, {13, 0x20, 1}, {14, 1, 9}});
-    st.cong.filepath = writefile("other.ktr", b.bytes());
-    walkfile(st, st.cong);
+    walkrecording(b.bytes(), st.cong, "other.ktr");
     EXPECT_EQ(st.cong.markcount, 0);
     EXPECT_EQ(st.cong.samplegrid[810][9], 0);
     EXPECT_EQ(st.cong.samplegrid[811][10], 2); // 0.0323 * 50 = 1.615

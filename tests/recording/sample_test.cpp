@@ -1,6 +1,5 @@
 // Samples and GPS entries.
 #include "ktrbuilder.h"
-#include "recording/walk.h"
 #include "stationfixture.h"
 
 #include <gtest/gtest.h>
@@ -14,11 +13,7 @@ namespace {
 
 class Samples : public testkit::StationTest {
   protected:
-    Side& walk(const KtrBuilder& b) {
-        st.zhu.filepath = writefile("run.ktr", b.bytes());
-        walkfile(st, st.zhu);
-        return st.zhu;
-    }
+    Side& walk(const KtrBuilder& b) { return walkrecording(b.bytes(), st.zhu); }
 };
 
 TEST_F(Samples, ClockMileageAndSpeedAreKept) {

@@ -21,15 +21,9 @@ namespace {
 class Walk : public testkit::StationTest {
   protected:
     Side& load(const KtrBuilder& b, const std::string& name = "run.ktr") {
-        st.zhu.filepath = writefile(name, b.bytes());
-        walkfile(st, st.zhu);
-        return st.zhu;
+        return walkrecording(b.bytes(), st.zhu, name);
     }
-    Side& loadbytes(const std::string& bytes) {
-        st.zhu.filepath = writefile("run.ktr", bytes);
-        walkfile(st, st.zhu);
-        return st.zhu;
-    }
+    Side& loadbytes(const std::string& bytes) { return walkrecording(bytes, st.zhu); }
     // A recording with a parameter record and a sample at step 0, then what the test adds.
     KtrBuilder started(const Param& p = {}) {
         KtrBuilder b;

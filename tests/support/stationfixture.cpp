@@ -1,6 +1,7 @@
 #include "stationfixture.h"
 
 #include "app/startup.h"
+#include "recording/walk.h"
 
 #include <fstream>
 #include <random>
@@ -43,6 +44,12 @@ std::string StationTest::writefile(const std::string& name, const std::string& b
     std::string path = temp.file(name);
     std::ofstream(path, std::ios::binary) << bytes;
     return path;
+}
+
+Side& StationTest::walkrecording(const std::string& bytes, Side& side, const std::string& name) {
+    side.filepath = writefile(name, bytes);
+    walkfile(st, side);
+    return side;
 }
 
 } // namespace orvane::testkit

@@ -38,6 +38,8 @@ class StationTest : public ::testing::Test {
     void start(const std::string& language = "china");
     // A file of the given bytes in the test's folder.
     std::string writefile(const std::string& name, const std::string& bytes);
+    // Writes BYTES as the recording NAME of SIDE and walks it.
+    Side& walkrecording(const std::string& bytes, Side& side, const std::string& name = "run.ktr");
 
     TempFolder temp;
     std::string home;

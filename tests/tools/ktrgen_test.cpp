@@ -1,6 +1,5 @@
 // Synthetic recordings: their bytes, their repeatability, and that the station finds what they hold.
 #include "generator.h"
-#include "recording/walk.h"
 #include "scenario.h"
 #include "stationfixture.h"
 
@@ -22,12 +21,7 @@ class Ktrgen : public testkit::StationTest {
     void SetUp() override { st.railheight = {0, 280, 304, 352, 384}; }
     // Walks a recording as the main side.
     Side& load(const ktrgen::Recording& r) {
-        std::ofstream(temp.file("gen.ktr"), std::ios::binary)
-            .write(reinterpret_cast<const char*>(r.bytes.data()),
-                   static_cast<std::streamsize>(r.bytes.size()));
-        st.zhu.filepath = temp.file("gen.ktr");
-        walkfile(st, st.zhu);
-        return st.zhu;
+        return walkrecording(std::string(r.bytes.begin(), r.bytes.end()), st.zhu, "gen.ktr");
     }
     // What the station found against what the generator put there.
     void expectfound(const ktrgen::Recording& r) {
