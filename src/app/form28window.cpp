@@ -213,7 +213,7 @@ QWidget* Form28Window::settingscolumn(QWidget* parent) {
         box->addWidget(bar);
     }
     box->addStretch(1);
-    column->setMaximumWidth(260);
+    column->setMaximumWidth(330);
     return column;
 }
 
