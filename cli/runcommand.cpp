@@ -41,52 +41,56 @@ void runaction(Station& st, const std::string& action) {
         return enter(st, p[1], action.substr(kind.size() + p[1].size() + 2));
     if (kind == "scroll" && p.size() == 3) return scroll(st, p[1], number(p[2], action));
     if (kind == "mouse" && p.size() == 6) {
-        if (p[1] != "Picture1") throw ActionError("no canvas " + p[1]);
-        if (p[2] == "down") st.pointerx = number(p[4], action);
+        if (p[1] != "Picture1" && p[1] != "Picture6") throw ActionError("no canvas " + p[1]);
+        if (p[2] == "down") picturedown(st, p[1], p[3], number(p[4], action));
         return;
     }
     if (kind == "row" && p.size() == 3) throw ActionError("no list to click: " + p[1]);
     throw ActionError("unknown action " + action);
 }
 
-std::string statejson(Station& st, const std::vector<std::string>& messages) {
-    const Side& s = st.zhu;
-    Json j;
-    j.beginobject();
-    j.key("messages").beginarray();
-    for (const auto& m : messages) j.value(m);
-    j.endarray();
-    j.key("state").beginobject();
-    const std::pair<const char*, std::int64_t> numbers[] = {{"viewindex", s.viewindex},
-                                                            {"viewlength", s.viewlength},
-                                                            {"replaystep", st.replaystep},
-                                                            {"manualstep", st.settings.manualstep},
-                                                            {"direction", st.direction},
-                                                            {"jobcursor", s.jobcursor},
-                                                            {"paramcursor", s.paramcursor},
-                                                            {"markcursor", s.markcursor},
-                                                            {"samplecursor", s.samplecursor},
-                                                            {"seekat", st.seekat},
-                                                            {"startx", st.startx},
-                                                            {"startpos", st.startpos},
-                                                            {"startdist", st.startdist},
-                                                            {"endx", st.endx},
-                                                            {"endpos", st.endpos},
-                                                            {"enddist", st.enddist}};
-    for (auto& [name, value] : numbers) j.key(name).value(value);
-    j.key("T1").value(st.T1).key("T2").value(st.T2);
-    j.key("HScrolljd")
+namespace {
+
+// The keys that each side has, with SUFFIX "db" behind them on the comparison side.
+void sidestate(Json& j, const Side& s, const std::string& suffix) {
+    const std::pair<const char*, std::int64_t> numbers[] = {
+        {"viewindex", s.viewindex},   {"viewlength", s.viewlength},
+        {"jobcursor", s.jobcursor},   {"paramcursor", s.paramcursor},
+        {"markcursor", s.markcursor}, {"samplecursor", s.samplecursor},
+        {"startx", s.startx},         {"startpos", s.startpos},
+        {"startdist", s.startdist},   {"endx", s.endx},
+        {"endpos", s.endpos},         {"enddist", s.enddist}};
+    for (auto& [name, value] : numbers) j.key(name + suffix).value(value);
+    j.key("HScrolljd" + suffix)
         .beginobject()
         .key("value")
         .value(s.viewindex / 300)
         .key("max")
         .value(s.scrollmax)
         .endobject();
+    j.key("pinkongval" + suffix).beginarray();
+    for (auto w : s.pinkongval) j.value(static_cast<std::int64_t>(w));
+    j.endarray();
+}
+
+} // namespace
+
+std::string statejson(Station& st, const std::vector<std::string>& messages) {
+    Json j;
+    j.beginobject();
+    j.key("messages").beginarray();
+    for (const auto& m : messages) j.value(m);
+    j.endarray();
+    j.key("state").beginobject();
+    sidestate(j, st.zhu, "");
+    if (st.form.comparisonvisible) sidestate(j, st.cong, "db");
+    j.key("replaystep").value(st.replaystep);
+    j.key("manualstep").value(st.settings.manualstep);
+    j.key("direction").value(st.direction);
+    j.key("seekat").value(st.seekat);
+    j.key("T1").value(st.T1).key("T2").value(st.T2);
     j.key("seekhits").beginarray();
     for (int i = 0; i < st.seekcount; ++i) j.value(st.seekhits[i]);
-    j.endarray();
-    j.key("pinkongval").beginarray();
-    for (auto w : s.pinkongval) j.value(static_cast<std::int64_t>(w));
     j.endarray();
     j.key("captions").beginobject();
     for (const auto& [name, text] : st.form.captions) j.key(name).value(text);

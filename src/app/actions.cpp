@@ -1,6 +1,7 @@
 #include "app/actions.h"
 
 #include "app/controls.h"
+#include "app/settings.h"
 #include "app/station.h"
 #include "bmode/alignment.h"
 #include "bmode/bmode.h"
@@ -22,6 +23,26 @@ int channelofcheck(const std::string& name) {
     for (int k = 0; k < 9; ++k)
         if (name == boxes[k]) return k;
     return -1;
+}
+
+// The colour controls of the view and the row of color each one writes.
+const char* colorofcontrol(const std::string& name) {
+    static const std::pair<const char*, const char*> controls[] = {
+        {"Lysa", "acolor"},           {"Lysb", "bcolor"},         {"Lysc", "ccolor"},
+        {"Lysd", "dcolor"},           {"Lyse", "ecolor"},         {"Lysf", "fcolor"},
+        {"Lysg", "gcolor"},           {"Lysh", "hcolor"},         {"Lysi", "icolor"},
+        {"Combjs", "bxianbackcolor"}, {"Comcc", "formbackcolor"}, {"Command13", "biaochicolor"}};
+    for (const auto& [control, key] : controls)
+        if (name == control) return key;
+    return nullptr;
+}
+
+// New colours: scale and background anew, both sides repainted.
+void repaint(Station& st) {
+    layout(st);
+    background(st);
+    bofang(st);
+    if (st.form.comparisonvisible) bofangdb(st);
 }
 
 // A display option changed: scale and background anew; the options that change the map keep the
@@ -60,14 +81,35 @@ void press(Station& st, const std::string& name, const std::string& button) {
     if (name == "Command8") return pressplay(st);
     if (name == "Command34") return stepforward(st);
     if (name == "Command27") return stepback(st);
+    if (name == "Command37") return stepforwarddb(st);
+    if (name == "Command38") return stepbackdb(st);
     if (name == "Command25" || name == "Command26") {
         st.direction = name == "Command25" ? 1 : -1;
         return;
     }
     if (name == "Label20") return left ? seekkilometre(st) : nextseekhit(st);
-    if (name == "aqd") return markstart(st);
+    if (name == "Label21") return seekkilometredb(st);
+    if (name == "qcqzd") { // "清除起止点": both markers gone
+        st.zhu.startx = st.zhu.endx = 0;
+        return bofang(st);
+    }
+    if (const char* key = colorofcontrol(name)) {
+        if (choosecolor(st, key)) repaint(st);
+        return;
+    }
+    if (name == "Command40" || name == "Command41") {
+        colorpreset(st, name == "Command40" ? 40 : 41);
+        return repaint(st);
+    }
+    if (name == "aqd") return markstart(st, st.zhu);
     if (name == "azd") {
-        if (st.form.azdenabled) markend(st);
+        if (st.form.azdenabled) markend(st, st.zhu);
+        return;
+    }
+    if (name == "aqddb" || name == "azddb") {
+        if (!st.form.comparisonvisible) return;
+        if (name == "aqddb") return markstart(st, st.cong);
+        if (st.form.azddbenabled) markend(st, st.cong);
         return;
     }
     if (const int k = channelofcheck(name); k >= 0) {
@@ -94,12 +136,13 @@ void scroll(Station& st, const std::string& name, int value) {
         movealignment(st, channel, value);
         return replaytick(st); // the timer shows the change at a step of 0
     }
-    if (name == "HScrolljd") {
-        Side& s = st.zhu;
+    if (name == "HScrolljd" || name == "HScrolljddb") {
+        Side& s = name == "HScrolljd" ? st.zhu : st.cong;
+        if (!s.main && !st.form.comparisonvisible) return;
         s.viewindex = std::max(value * 300, 600);
         st.T2 = false;
         s.jobcursor = s.paramcursor = s.markcursor = s.samplecursor = 0;
-        return bofang(st);
+        return bofang(st, s);
     }
     setcontrol(st, name, std::to_string(value));
     setreplayspeed(st);
@@ -112,9 +155,34 @@ void scroll(Station& st, const std::string& name, int value) {
 }
 
 void enter(Station& st, const std::string& name, const std::string& text) {
-    if (name != "Text1") return setcontrol(st, name, text);
-    st.Text1 = text;
-    seekkilometre(st);
+    if (name == "Text1") {
+        st.Text1 = text;
+        return seekkilometre(st);
+    }
+    if (name == "Text2") {
+        st.Text2 = text;
+        return seekkilometredb(st);
+    }
+    setcontrol(st, name, text);
+}
+
+bool picturedown(Station& st, const std::string& canvas, const std::string& button, double x) {
+    const bool main = canvas == "Picture1";
+    if (!main && canvas != "Picture6") throw ControlError("no canvas " + canvas);
+    st.playside = main ? "zhu" : "cong";
+    st.pointerx = x;
+    if (button == "left") {
+        // The first click on a running replay only pauses it.
+        const std::string& caption = st.form.captions["Command8"];
+        if (caption == "播放暂停" || caption == "Pause") pressplay(st);
+        st.T1 = false;
+        return false;
+    }
+    if (button != "right") return false;
+    if (st.language != "english") return true;
+    st.form.captions["Command8"] = "连续播放";
+    pressplay(st); // in English the right button starts the replay
+    return false;
 }
 
 void tick(Station& st, int n) {

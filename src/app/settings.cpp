@@ -126,17 +126,27 @@ void writesetting(Station& st, const std::string& key, const std::string& field,
     st.colordb->exec("update color set " + field + "=? where weizhi=?", {value, key});
 }
 
+void setcolor(Station& st, const std::string& key, std::uint32_t value) {
+    const std::size_t i = colorindex(key);
+    if (i >= colorkeys.size()) return;
+    writesetting(st, key, "shuzhi", std::to_string(value));
+    st.settings.colorset[i] = value;
+    const std::size_t channel = i - colorindex("acolor");
+    if (channel < 9) st.settings.channelcolor[channel] = value;
+}
+
+bool choosecolor(Station& st, const std::string& key) {
+    const std::optional<std::uint32_t> chosen = st.ui->pickcolor(st.settings.color(key));
+    if (!chosen) return false; // cancelled: the colour stays
+    setcolor(st, key, *chosen);
+    return true;
+}
+
 void colorpreset(Station& st, int preset) {
     const Preset& p = preset == 41 ? yellowpreset : blackpreset;
-    writesetting(st, "bxianbackcolor", "shuzhi", std::to_string(p.background));
-    writesetting(st, "biaochicolor", "shuzhi", std::to_string(p.scale));
-    st.settings.colorset[colorindex("bxianbackcolor")] = p.background;
-    st.settings.colorset[colorindex("biaochicolor")] = p.scale;
-    for (std::size_t c = 0; c < 9; ++c) {
-        writesetting(st, colorkeys[colorindex("acolor") + c], "shuzhi", std::to_string(p.channels[c]));
-        st.settings.colorset[colorindex("acolor") + c] = p.channels[c];
-        st.settings.channelcolor[c] = p.channels[c];
-    }
+    setcolor(st, "bxianbackcolor", p.background);
+    setcolor(st, "biaochicolor", p.scale);
+    for (std::size_t c = 0; c < 9; ++c) setcolor(st, colorkeys[colorindex("acolor") + c], p.channels[c]);
 }
 
 void savefilterdefaults(Station& st) {

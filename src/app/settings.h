@@ -54,6 +54,11 @@ void loadsettings(Station& st);
 // The one writer of every control: update color set <field>='<value>' where weizhi='<key>'.
 void writesetting(Station& st, const std::string& key, const std::string& field, const std::string& value);
 
+// One colour row written and put in force; a channel colour also in channelcolor.
+void setcolor(Station& st, const std::string& key, std::uint32_t value);
+// A colour control clicked: the colour dialog, then the chosen colour in force. False on cancel.
+bool choosecolor(Station& st, const std::string& key);
+
 // The colour presets: Command40 "纯黑" and Command41 "浅黄".
 void colorpreset(Station& st, int preset);
 

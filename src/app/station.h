@@ -106,9 +106,15 @@ struct Side {
     std::int32_t viewlength = 0;
     std::vector<std::uint8_t> markflags; // 1 where the clip map joined two stretches
     std::int32_t jobcursor = 0, paramcursor = 0, markcursor = 0, samplecursor = 0;
+    // The start and end markers of a stretch, set on this side's picture: the x of the press, the
+    // position at the view's edge then, and the position under the marker.
+    std::int32_t startx = 0, startpos = 0, startdist = 0;
+    std::int32_t endx = 0, endpos = 0, enddist = 0;
     // The rail rows of the picture and its user scale (layout).
     std::int32_t railheadrow = 96, railwebrow = 210, railfootrow = 370;
     double scaletop = 0, scaleheight = 410;
+    // The left of the depth ruler Lineyz/Labelyz beside the picture; the user may drag it across.
+    double rulerx0 = 1165;
 
     // Reads that may fall outside the map or the grid see the empty position and empty cells.
     std::int32_t mapat(std::int64_t k) const {
@@ -154,8 +160,9 @@ struct Form28State {
         double left = 0, top = 0;
     };
     Placed Shape1, Label6;
-    bool azdenabled = false; // the end marker once a start is set
-    bool accenabled = false; // saving the stretch once both are set
+    bool azdenabled = false;   // the end marker once a start is set
+    bool azddbenabled = false; // the same on the comparison picture
+    bool accenabled = false;   // saving the stretch once both are set
     // The filter boxes Ttda..Ttdi (channels A..I) and their check boxes Check9..Check15, Check18, Check19.
     std::array<std::string, 9> filtertext{"256", "256", "256", "256", "1", "256", "256", "256", "256"};
     std::array<bool, 9> filterchecked{};
@@ -242,12 +249,12 @@ struct Station {
     int T1interval = 15;         // ms
     std::int16_t replaystep = 2; // view indices per tick
     bool asynchronous = false;   // Option13 "异步"; Option12 "同步" keeps both sides in step
-    std::string Text1;           // the kilometre to seek
+    std::string Text1;           // the kilometre to seek on the main side
+    std::string Text2;           // and on the comparison side
     std::vector<std::int32_t> seekhits = std::vector<std::int32_t>(101);
     std::int16_t seekcount = 0, seekat = 0;
-    // The start and end markers of a stretch to save.
-    std::int32_t startx = 0, startpos = 0, startdist = 0, clipstart = 0;
-    std::int32_t endx = 0, endpos = 0, enddist = 0, clipend = 0;
+    // The ends of the stretch to save, as the last markers set them.
+    std::int32_t clipstart = 0, clipend = 0;
     std::string markerkind;
     double pointerx = 0; // x of the last press on the picture
 
@@ -271,5 +278,10 @@ struct Station {
     // Redraws the scale and the rail picture when the rail code of the view changes.
     std::function<void()> redrawrail;
 };
+
+// The B-mode picture of a side: Picture1 of the main side, Picture6 of the comparison.
+inline Canvas* pictureof(Station& st, const Side& side) {
+    return side.main ? st.picture1 : st.picture6;
+}
 
 } // namespace orvane

@@ -3,6 +3,7 @@
 // screenful of echoes and events drawn onto the canvas Picture1.
 
 #include <string>
+#include <vector>
 
 namespace orvane {
 
@@ -21,8 +22,23 @@ void loadall(Station& st);
 void loadalldb(Station& st);
 void loadallduotd(Station& st, int lastcolumn);
 void loadallfangda(Station& st, double rulerx);
-// The crosses where the clip map joined two stretches.
-void loadjjxx(Station& st);
+// The crosses where the clip map joined two stretches, on the side's own picture.
+void loadjjxx(Station& st, const Side& side);
+
+// The depth ruler over the picture in canvas units, from its left X0: the spine Lineyz(0), twenty
+// ticks of 10 mm with a thick one every 50 mm, the labels Labelyz(1..4) and "毫米".
+struct RulerLine {
+    double x1, y1, x2, y2;
+    int width;
+};
+struct RulerLabel {
+    double left, top;
+    std::string text;
+};
+std::vector<RulerLine> rulerlines(double x0);
+std::vector<RulerLabel> rulerlabels(double x0);
+// The ruler dragged by DX canvas units; it stays on the picture.
+void moveruler(Station& st, Side& side, double dx);
 
 // The rows below the running surface of a rail code: head, web, foot (without the 18 above them).
 struct RailRows {

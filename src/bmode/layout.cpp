@@ -3,6 +3,8 @@
 #include "app/station.h"
 #include "bmode/bmode.h"
 
+#include <algorithm>
+
 namespace orvane {
 
 RailRows railrows(const Station& st, const std::string& railcode) {
@@ -27,7 +29,29 @@ void layout(Station& st) {
         side.scaletop = 0;
         side.scaleheight = side.railfootrow + 40;
     }
+    side.rulerx0 = st.settings.viewspan - 35;
     if (st.picture1) st.picture1->scale(st.settings.viewspan, side.scaletop, side.scaleheight);
+}
+
+std::vector<RulerLine> rulerlines(double x0) {
+    std::vector<RulerLine> lines{{x0 + 20, 18, x0 + 20, 19 * 20 + 18, 1}};
+    for (int n = 1; n <= 20; ++n) {
+        const double y = (n - 1) * 20 + 18;
+        lines.push_back({x0 + 20, y, x0 + 30, y, n % 5 == 1 ? 2 : 1});
+    }
+    return lines;
+}
+
+std::vector<RulerLabel> rulerlabels(double x0) {
+    return {{x0 - 8, 0, "毫米"},
+            {x0 - 2, 16, "  0"},
+            {x0 - 2, 116, " 50"},
+            {x0 - 2, 216, "100"},
+            {x0 - 2, 316, "150"}};
+}
+
+void moveruler(Station& st, Side& side, double dx) {
+    side.rulerx0 = std::clamp(side.rulerx0 + dx, 8.0, st.settings.viewspan - 30.0);
 }
 
 void background(Station& st) {

@@ -270,10 +270,10 @@ void loadallfangda(Station& st, double rulerx) {
           300);
 }
 
-void loadjjxx(Station& st) {
-    if (!st.picture1 || st.settings.wholefile == 1) return;
-    Canvas& c = *st.picture1;
-    const Side& side = st.zhu;
+void loadjjxx(Station& st, const Side& side) {
+    Canvas* picture = pictureof(st, side);
+    if (!picture || st.settings.wholefile == 1) return;
+    Canvas& c = *picture;
     const int style = c.drawstyle, width = c.drawwidth;
     c.forecolor = st.settings.color("biaochicolor");
     c.drawstyle = 3;

@@ -58,19 +58,29 @@ void analysisnote(Station& st, std::int32_t position, double x, double y) {
     }
 }
 
+// The GPS entry in force at POSITION: the last one recorded at or before it.
+std::int32_t gpsinforce(const Side& side, std::int32_t position) {
+    std::int32_t n = -1;
+    for (std::int32_t k = 0; k < side.gpscount && k < static_cast<std::int32_t>(side.gpspos.size()); ++k) {
+        if (side.gpspos[k] > position) break;
+        n = k;
+    }
+    return n;
+}
+
 } // namespace
 
-void positionlabels(Station& st) {
-    Side& side = st.zhu;
+void positionlabels(Station& st, Side& side) {
     const bool english = st.language == "english";
     const std::int64_t here = side.mapat(side.viewindex);
     const std::int64_t at = here + 300;
     const float km = at >= 0 && at < side.gridrows ? side.mileage[at][0] : 0.0f;
     const std::string s = formatfixed(km, 4, 3);
-    st.form.labels["Label1"] = (english ? "Current Trip：" : "当前里程:") + mid(s, 1, 4) +
-                               (english ? "Km" : "公里") + mid(s, 6, 3) + (english ? "m" : "米") +
-                               (side.Grid2.size() > 1 && side.Grid2[1].size() > 2 ? side.Grid2[1][2] : "");
-    Canvas* c = st.picture1;
+    const std::string caption = english ? "Current Trip：" : side.main ? "当前里程:" : "当前里程：";
+    st.form.labels[side.main ? "Label1" : "Label16"] =
+        caption + mid(s, 1, 4) + (english ? "Km" : "公里") + mid(s, 6, 3) + (english ? "m" : "米") +
+        (side.Grid2.size() > 1 && side.Grid2[1].size() > 2 ? side.Grid2[1][2] : "");
+    Canvas* c = pictureof(st, side);
     if (!c) return;
     c->fontsize = 12;
     c->fontbold = true;
@@ -99,14 +109,15 @@ void positionlabels(Station& st) {
                      mid(clock, 7, 4) + "km" + mid(clock, 11, 3) + "m");
             lasttick = t;
         }
-        analysisnote(st, side.samplepos[i], viewspan - (side.samplepos[i] - here),
-                     side.scaletop + side.scaleheight - 25 + risea - marklift - (zhjz ? 10 : 0));
+        // Notes of an analyst belong to the main recording only.
+        if (side.main)
+            analysisnote(st, side.samplepos[i], viewspan - (side.samplepos[i] - here),
+                         side.scaletop + side.scaleheight - 25 + risea - marklift - (zhjz ? 10 : 0));
     }
 }
 
-void bofang(Station& st) {
-    Side& side = st.zhu;
-    Canvas* c = st.picture1;
+void bofang(Station& st, Side& side) {
+    Canvas* c = pictureof(st, side);
     if (c) c->clear();
     if (st.direction == -1) side.jobcursor = side.paramcursor = side.markcursor = side.samplecursor = 0;
     const std::int32_t here = side.mapat(side.viewindex);
@@ -114,24 +125,26 @@ void bofang(Station& st) {
         applyjob(st, side, side.jobcursor);
     if (follow(side.paramcursor, side.parampos, side.paramcount, 10000, here, side.paramcount))
         applyparam(st, side, side.paramcursor);
-    follow(side.markcursor, side.markpos, side.markcount, 10000, here + 300, side.markcount - 1);
+    if (follow(side.markcursor, side.markpos, side.markcount, 10000, here + 300, side.markcount - 1))
+        showgpsentry(st, side, gpsinforce(side, here + 300));
     if (follow(side.samplecursor, side.samplepos, side.samplecount, 100000, here, side.samplecount - 1) &&
         side.samplecursor >= 0) {
-        const bool english = st.language == "english";
-        st.form.labels["Label2_1"] = std::string(english ? "Speed：" : "探测速度：") +
-                                     formatfixed(side.samplespeed[side.samplecursor], 1, 1) + "km/h";
+        if (side.main)
+            st.form.labels["Label2_1"] = std::string(st.language == "english" ? "Speed：" : "探测速度：") +
+                                         formatfixed(side.samplespeed[side.samplecursor], 1, 1) + "km/h";
         setcell(side.Grid2, 1, 0, clocktext(side.sampleclock[side.samplecursor]));
     }
-    positionlabels(st);
+    positionlabels(st, side);
     if (c) {
         const int width = c->drawwidth;
         c->drawwidth = std::max<int>(1, st.settings.diandx);
-        loadall(st);
-        loadjjxx(st);
-        drawmarker(st, "zd");
-        drawmarker(st, "qd");
+        side.main ? loadall(st) : loadalldb(st);
+        loadjjxx(st, side);
+        drawmarker(st, side, "zd");
+        drawmarker(st, side, "qd");
         c->drawwidth = width;
     }
+    if (!side.main) return;
     ++st.framecount;
     for (std::int32_t k = 0; k < side.quarterlast; ++k) {
         if (between(side.quarterindex[k], here, side.quarterindex[k + 1])) {
@@ -140,6 +153,14 @@ void bofang(Station& st) {
             break;
         }
     }
+}
+
+void bofang(Station& st) {
+    bofang(st, st.zhu);
+}
+
+void bofangdb(Station& st) {
+    bofang(st, st.cong);
 }
 
 void gotoposition(Station& st, int seektarget) {

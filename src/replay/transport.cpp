@@ -19,16 +19,38 @@ bool english(const Station& st) {
     return st.language == "english";
 }
 
-void message(Station& st, const char* china, const char* other) {
-    st.ui->message(english(st) ? other : china);
+// A message of the transport in both languages.
+struct Said {
+    const char* china;
+    const char* other;
+};
+
+void message(Station& st, Said said) {
+    st.ui->message(english(st) ? said.other : said.china);
 }
 
-// The view comes to rest: the scroll bar, the A-mode stopped, the cursors from the start.
-void settle(Station& st) {
+constexpr Said atend{atendmessage, "End"};
+constexpr Said atstart{atstartmessage, "begin"};
+// The comparison side's texts; two of them have a blank before the mark.
+constexpr Said comparisonatstart{"已经播放到文件最初位置 ！", "begin"};
+constexpr Said comparisonatend{"对比已经播放到文件最后位置 ！", "the 2nd end"};
+constexpr Said comparisonfloor{"对比已经播放到文件最初位置！", "the 2nd begin"};
+
+bool replaying(const Station& st) {
+    const auto caption = st.form.captions.find("Command8");
+    return caption != st.form.captions.end() && (caption->second == "播放暂停" || caption->second == "Pause");
+}
+
+// The comparison side moves with the main one while it is shown and the sides are in step.
+bool comparisonfollows(const Station& st) {
+    return st.form.comparisonvisible && !st.asynchronous;
+}
+
+// The view of SIDE comes to rest: the A-mode stopped, the cursors from the start, a redraw.
+void settle(Station& st, Side& s) {
     st.T2 = false;
-    Side& s = st.zhu;
     s.jobcursor = s.paramcursor = s.markcursor = s.samplecursor = 0;
-    bofang(st);
+    bofang(st, s);
 }
 
 } // namespace
@@ -42,116 +64,204 @@ void setreplayspeed(Station& st) {
 }
 
 void pressplay(Station& st) {
-    const std::string pause = english(st) ? "Pause" : "播放暂停";
-    const std::string play = english(st) ? "Play" : "连续播放";
-    if (st.form.captions["Command8"] == pause) {
+    if (replaying(st)) {
         st.T1 = false;
-        st.form.captions["Command8"] = play;
+        st.form.captions["Command8"] = english(st) ? "Play" : "连续播放";
         return;
     }
     st.T2 = false;
     st.T1 = true;
-    st.form.captions["Command8"] = pause;
+    st.form.captions["Command8"] = english(st) ? "Pause" : "播放暂停";
 }
 
-void replaytick(Station& st) {
+namespace {
+
+// The main side's part of a tick; false when the tick ends there.
+bool tickmain(Station& st) {
     Side& s = st.zhu;
-    if (st.playside == "cong" && st.asynchronous) return;
     if (st.direction == 1 && st.settings.reverseshow == 0) fzjjsz(st, s); // Option1
     if (st.direction == -1 && s.viewindex < 1300) {
-        message(st, atstartmessage, "start");
+        message(st, {atstartmessage, "start"});
         st.T1 = false;
-        return;
+        return false;
     }
     if (s.viewindex >= s.lastposition) {
-        message(st, atendmessage, "End");
+        message(st, atend);
         st.T1 = false;
         pressplay(st);
-        return;
+        return false;
     }
     s.viewindex += st.direction * st.replaystep;
     if (s.viewindex / 300 > s.scrollmax) {
         s.viewindex = s.scrollmax * 300;
         bofang(st);
-        message(st, atendmessage, "End");
+        message(st, atend);
         st.T1 = false;
         pressplay(st);
-        return;
+        return true;
     }
     bofang(st);
+    return true;
 }
 
-void stepforward(Station& st) {
-    Side& s = st.zhu;
+// The comparison side's part: its timer stops before its message, not after.
+void tickcomparison(Station& st) {
+    Side& s = st.cong;
+    if (st.direction == 1) fzjjsz(st, s);
+    if (st.direction == -1 && s.viewindex < 1300) {
+        st.ui->message(comparisonatstart.china); // this one has no English text
+        st.T1 = false;
+        return;
+    }
+    if (s.viewindex >= s.lastposition) {
+        st.T1 = false;
+        message(st, comparisonatend);
+        if (replaying(st)) pressplay(st);
+        return;
+    }
+    s.viewindex += st.direction * st.replaystep;
+    if (s.viewindex / 300 > s.scrollmax) {
+        st.T1 = false;
+        s.viewindex = s.scrollmax * 300;
+        bofangdb(st);
+        message(st, comparisonatend);
+        return;
+    }
+    bofangdb(st);
+}
+
+} // namespace
+
+void replaytick(Station& st) {
+    const bool mainleft = st.asynchronous && st.playside == "cong";
+    if (!mainleft && !tickmain(st)) return;
+    if (!st.form.comparisonvisible || (st.asynchronous && st.playside == "zhu")) return;
+    tickcomparison(st);
+}
+
+namespace {
+
+// A hand step forward of SIDE, to the end of its bar at most.
+void stepon(Station& st, Side& s, Said end) {
     s.viewindex = std::max(s.viewindex + st.settings.manualstep, 600);
     if (s.viewindex / 300 > s.scrollmax) {
         s.viewindex = s.scrollmax * 300;
-        bofang(st);
-        message(st, atendmessage, "End");
+        bofang(st, s);
+        message(st, end);
         return;
     }
-    settle(st);
+    settle(st, s);
+}
+
+// The other side follows a step forward unless it stands at an end of its file.
+void followon(Station& st, Side& s, Said start, Said end, Said barend) {
+    if (st.direction == 1) fzjjsz(st, s);
+    if (st.direction == -1 && s.viewindex < 1300) return message(st, start);
+    if (s.viewindex >= s.lastposition) return message(st, end);
+    stepon(st, s, barend);
+}
+
+// A hand step back of SIDE, down to 600 at most.
+void stepbackon(Station& st, Side& s, Said floor) {
+    s.viewindex -= st.settings.manualstep;
+    if (s.viewindex >= 600) return settle(st, s);
+    s.viewindex = 600;
+    bofang(st, s);
+    message(st, floor);
+}
+
+} // namespace
+
+void stepforward(Station& st) {
+    stepon(st, st.zhu, atend);
+    if (comparisonfollows(st)) followon(st, st.cong, comparisonatstart, comparisonatend, atend);
 }
 
 void stepback(Station& st) {
-    Side& s = st.zhu;
-    s.viewindex -= st.settings.manualstep;
-    if (s.viewindex >= 600) {
-        settle(st);
-        return;
-    }
-    s.viewindex = 600;
-    bofang(st);
-    message(st, atstartmessage, "begin");
+    stepbackon(st, st.zhu, atstart);
+    if (comparisonfollows(st)) stepbackon(st, st.cong, comparisonfloor);
 }
+
+void stepforwarddb(Station& st) {
+    if (!st.form.comparisonvisible) return;
+    stepon(st, st.cong, {"已经播放到文件最后位置 ！", "end"});
+    if (!st.asynchronous) followon(st, st.zhu, {atstartmessage, "begin"}, atend, atend);
+}
+
+void stepbackdb(Station& st) {
+    if (!st.form.comparisonvisible) return;
+    stepbackon(st, st.cong, comparisonfloor);
+    if (!st.asynchronous) stepbackon(st, st.zhu, atstart);
+}
+
+namespace {
+
+double kilometredifference(const Side& s, std::int64_t k, double target) {
+    const std::int64_t p = s.mapat(k);
+    const float km = p >= 0 && p < s.gridrows ? s.mileage[p][0] : 0.0f;
+    return std::fabs(static_cast<double>(km) * 1000 - target);
+}
+
+// The view index between 800 and lastposition - 400 nearest to TARGET metres, the first on ties;
+// -1 when none comes within 10^8.
+std::int64_t nearestkilometre(const Side& s, double target) {
+    double best = 1e8;
+    std::int64_t at = -1;
+    for (std::int64_t k = 800; k <= static_cast<std::int64_t>(s.lastposition) - 400; ++k) {
+        const double d = kilometredifference(s, k, target);
+        if (d < best) best = d, at = k;
+    }
+    return at;
+}
+
+} // namespace
 
 void seekkilometre(Station& st) {
     Side& s = st.zhu;
     if (st.T1) pressplay(st);
     const double target = stores::vbval(st.Text1) * 1000;
     st.seekcount = 0;
-    auto difference = [&](std::int64_t k) {
-        const std::int64_t p = s.mapat(k);
-        const float km = p >= 0 && p < s.gridrows ? s.mileage[p][0] : 0.0f;
-        return std::fabs(static_cast<double>(km) * 1000 - target);
-    };
     const std::int64_t last = static_cast<std::int64_t>(s.lastposition) - 400;
     for (std::int64_t k = 800; k <= last && st.seekcount < 100; ++k) {
-        if (difference(k) < 2.0) {
+        if (kilometredifference(s, k, target) < 2.0) {
             st.seekhits[st.seekcount++] = static_cast<std::int32_t>(k);
             k += 1000; // the next pass of the same kilometre lies at least 1001 view indices on
             if (k + 1 > last) break;
         }
     }
     if (st.seekcount == 0) {
-        double best = 1e8;
-        std::int64_t at = -1;
-        for (std::int64_t k = 800; k <= last; ++k) {
-            const double d = difference(k);
-            if (d < best) best = d, at = k;
-        }
+        const std::int64_t at = nearestkilometre(s, target);
         if (at < 0) return; // nothing near: the view stays
         st.seekhits[0] = static_cast<std::int32_t>(at);
         st.seekcount = 1;
     }
     st.seekat = 1;
     s.viewindex = st.seekhits[0];
-    settle(st);
+    settle(st, s);
 }
 
 void nextseekhit(Station& st) {
     if (st.seekcount == 0) return;
     st.seekat = static_cast<std::int16_t>(st.seekat + 1 > st.seekcount ? 1 : st.seekat + 1);
     st.zhu.viewindex = st.seekhits[st.seekat - 1];
-    settle(st);
+    settle(st, st.zhu);
+}
+
+void seekkilometredb(Station& st) {
+    if (st.T1) pressplay(st);
+    Side& s = st.cong;
+    const std::int64_t at = nearestkilometre(s, stores::vbval(st.Text2) * 1000);
+    if (at < 0) return;
+    s.viewindex = static_cast<std::int32_t>(at);
+    settle(st, s);
 }
 
 namespace {
 
-// A marker at the pointer: its x, the position at the view's edge, the position under it.
-void notemarker(Station& st, const char* kind, std::int32_t& x, std::int32_t& pos, std::int32_t& dist,
-                std::int32_t& clip) {
-    const Side& s = st.zhu;
+// A marker at the pointer on SIDE's picture: its x, the position at the view's edge, the position
+// under it.
+void notemarker(Station& st, const Side& s, const char* kind, std::int32_t& x, std::int32_t& pos,
+                std::int32_t& dist, std::int32_t& clip) {
     st.markerkind = kind;
     x = static_cast<std::int32_t>(st.pointerx);
     pos = s.mapat(s.viewindex);
@@ -161,24 +271,24 @@ void notemarker(Station& st, const char* kind, std::int32_t& x, std::int32_t& po
 
 } // namespace
 
-void markstart(Station& st) {
-    notemarker(st, "qd", st.startx, st.startpos, st.startdist, st.clipstart);
-    st.form.azdenabled = true;
-    bofang(st);
+void markstart(Station& st, Side& s) {
+    notemarker(st, s, "qd", s.startx, s.startpos, s.startdist, st.clipstart);
+    (s.main ? st.form.azdenabled : st.form.azddbenabled) = true;
+    bofang(st, s);
 }
 
-void markend(Station& st) {
-    notemarker(st, "zd", st.endx, st.endpos, st.enddist, st.clipend);
-    st.form.accenabled = true;
-    bofang(st);
+void markend(Station& st, Side& s) {
+    notemarker(st, s, "zd", s.endx, s.endpos, s.enddist, st.clipend);
+    if (s.main) st.form.accenabled = true;
+    bofang(st, s);
 }
 
-void drawmarker(Station& st, const char* kind) {
-    Canvas* c = st.picture1;
-    if (!c || st.startx == 0) return;
-    const std::int32_t here = st.zhu.mapat(st.zhu.viewindex);
-    const double line0 = here - st.startpos + st.startx, line1 = here - st.endpos + st.endx;
-    if (st.startx <= 0 || st.endx <= 0) return;
+void drawmarker(Station& st, const Side& s, const char* kind) {
+    Canvas* c = pictureof(st, s);
+    if (!c || s.startx == 0) return;
+    const std::int32_t here = s.mapat(s.viewindex);
+    const double line0 = here - s.startpos + s.startx, line1 = here - s.endpos + s.endx;
+    if (s.startx <= 0 || s.endx <= 0) return;
     const bool end = std::string(kind) == "zd";
     const double x = std::round(end ? line1 : line0);
     const int width = c->drawwidth;
@@ -186,21 +296,35 @@ void drawmarker(Station& st, const char* kind) {
     c->forecolor = st.settings.color("biaochicolor");
     c->line(line0, 290, line1, 290);
     c->drawwidth = width;
-    const std::int32_t d1 = st.startpos - st.startx, d2 = st.endpos - st.endx;
+    const std::int32_t d1 = s.startpos - s.startx, d2 = s.endpos - s.endx;
     const bool leftof = (d2 <= d1) == end;
     c->currentx = leftof ? x - 38 : x + 8;
     c->currenty = end ? 299 : st.displaymode == "fenjie" ? 273 : 261;
     c->fontsize = 12;
-    c->print(formatfixed(std::abs(st.startdist - st.enddist) * 0.0035, 1, 3) + "米");
+    c->print(formatfixed(std::abs(s.startdist - s.enddist) * 0.0035, 1, 3) + "米");
 }
 
-void keepplace(Station& st) {
-    Side& s = st.zhu;
+namespace {
+
+// The kilometre at SIDE's view as the seek box takes it: "0005.350".
+std::string kilometrenote(const Side& s) {
     const std::int64_t p = s.mapat(s.viewindex);
     const std::string note = formatfixed(p >= 0 && p < s.gridrows ? s.mileage[p][0] : 0.0f, 4, 3);
-    rebuildmap(st, s);
-    st.Text1 = mid(note, 1, 4) + "." + mid(note, 6, 3);
+    return mid(note, 1, 4) + "." + mid(note, 6, 3);
+}
+
+} // namespace
+
+void keepplace(Station& st) {
+    const std::string note = kilometrenote(st.zhu);
+    rebuildmap(st, st.zhu);
+    st.Text1 = note;
     seekkilometre(st);
+    if (!st.form.comparisonvisible) return;
+    const std::string notedb = kilometrenote(st.cong);
+    rebuildmap(st, st.cong);
+    st.Text2 = notedb;
+    seekkilometredb(st);
 }
 
 void yybscs(Station& st) {

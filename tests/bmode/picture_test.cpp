@@ -3,6 +3,7 @@
 #include "app/startup.h"
 #include "app/station.h"
 #include "bmode/bmode.h"
+#include "recording/panels.h"
 #include "replay/bofang.h"
 #include "replay/viewmap.h"
 #include "viewfixture.h"
@@ -281,18 +282,18 @@ TEST_F(ClipMap, CrossesMarkTheJoinsButNotNearTheEnd) {
     rebuildmap(st, s);
     s.viewindex = 600;
     canvas.ops.clear();
-    loadjjxx(st);
+    loadjjxx(st, s);
     ASSERT_EQ(canvas.ops.size(), 4u); // the joins at 701 + 320 and, in the silence at the end, 2001 + 320
     st.settings.wholefile = 1;
     canvas.ops.clear();
-    loadjjxx(st);
+    loadjjxx(st, s);
     EXPECT_TRUE(canvas.ops.empty());
     st.settings.wholefile = 0;
     s.markflags.assign(s.markflags.size(), 0);
     s.markflags[4000] = 1; // 1000 before the end
     s.viewmap[700] = 4000;
     canvas.ops.clear();
-    loadjjxx(st);
+    loadjjxx(st, s);
     EXPECT_TRUE(canvas.ops.empty());
 }
 
@@ -306,6 +307,21 @@ TEST_F(Picture, BackwardReplayRestartsEveryCursor) {
     EXPECT_EQ(s.samplecursor, -1);
 }
 
+TEST_F(Picture, MarkCursorMovingShowsTheGpsEntryInForce) {
+    setpanelheads(st);
+    s.markcount = 3;
+    s.markpos[1] = 500;
+    s.markpos[2] = 5000;
+    s.gpscount = 3;
+    s.gpspos = {100, 800, 2000, 0};
+    std::string entry(38, '0');
+    s.gpstext = {entry, entry, entry, entry};
+    s.gpstext[1][36] = '7'; // the battery of the entry at 800
+    bofang(st);             // the view at 600 reads the marks at 900: the cursor moves on to the mark at 500
+    EXPECT_EQ(s.markcursor, 1);
+    EXPECT_EQ(s.Grid3[1][6], "7V");
+}
+
 TEST_F(Picture, SamplesOnScreenShowClockSpeedAndKilometreAndTheNotesOfAnAnalyst) {
     s.samplecount = 1;
     s.samplepos[0] = 900; // i = 300 from the right edge at view 600
@@ -315,7 +331,7 @@ TEST_F(Picture, SamplesOnScreenShowClockSpeedAndKilometreAndTheNotesOfAnAnalyst)
     st.analysispos[0] = 900;
     st.analysislist[0] = "0320261122101530";
     canvas.ops.clear();
-    positionlabels(st);
+    positionlabels(st, s);
     EXPECT_EQ(texts(),
               (std::vector<std::string>{"08:30:15 2.5km/h 0123km456m", "鱼鳞纹起点(20261122-10:15:30)"}));
     EXPECT_EQ(canvas.ops[0].x1, 900);

@@ -1,4 +1,5 @@
 // The replay transport of the main view.
+#include "app/actions.h"
 #include "app/station.h"
 #include "replay/transport.h"
 #include "replay/viewmap.h"
@@ -155,14 +156,14 @@ TEST_F(Transport, SeekWithoutAHitTakesTheNearestPosition) {
 TEST_F(Transport, MarkersNoteTheStretchAndDrawItsLength) {
     s.viewindex = 10000;
     st.pointerx = 300;
-    markstart(st);
-    EXPECT_EQ(st.startx, 300);
-    EXPECT_EQ(st.startpos, 10000);
-    EXPECT_EQ(st.startdist, 10900);
+    markstart(st, s);
+    EXPECT_EQ(s.startx, 300);
+    EXPECT_EQ(s.startpos, 10000);
+    EXPECT_EQ(s.startdist, 10900);
     EXPECT_TRUE(st.form.azdenabled);
     st.pointerx = 800;
-    markend(st);
-    EXPECT_EQ(st.enddist, 10400);
+    markend(st, s);
+    EXPECT_EQ(s.enddist, 10400);
     std::vector<std::string> texts;
     for (const DrawOp& op : canvas.ops)
         if (op.kind == DrawOp::Kind::print && op.text.find("米") != std::string::npos)
@@ -181,6 +182,183 @@ TEST_F(Transport, KeepPlaceReturnsToTheSameKilometreAfterTheMapChanges) {
     EXPECT_EQ(st.Text1, "0005.350");
     ASSERT_GE(st.seekcount, 1);
     EXPECT_NEAR(s.mileage[s.mapat(s.viewindex)][0], 5.35f, 0.002f);
+}
+
+// A comparison of 100,000 positions shown below the main side.
+class Comparison : public Transport {
+  protected:
+    void SetUp() override {
+        Transport::SetUp();
+        preparecomparison(100000);
+        st.T1 = true;
+        st.form.captions["Command8"] = "播放暂停";
+    }
+};
+
+TEST_F(Comparison, SynchronousTickMovesBothSidesByTheSameStep) {
+    s.viewindex = 600;
+    c.viewindex = 5000;
+    replaytick(st);
+    EXPECT_EQ(s.viewindex, 602);
+    EXPECT_EQ(c.viewindex, 5002);
+    EXPECT_FALSE(canvasdb.ops.empty()); // bofangdb drew on the comparison picture
+}
+
+TEST_F(Comparison, AsynchronousTickMovesOnlyTheSideWithTheFocus) {
+    st.asynchronous = true;
+    s.viewindex = c.viewindex = 700;
+    st.playside = "zhu";
+    replaytick(st);
+    EXPECT_EQ(s.viewindex, 702);
+    EXPECT_EQ(c.viewindex, 700);
+    st.playside = "cong";
+    replaytick(st);
+    EXPECT_EQ(s.viewindex, 702);
+    EXPECT_EQ(c.viewindex, 702);
+}
+
+TEST_F(Comparison, HiddenComparisonDoesNotMove) {
+    st.form.comparisonvisible = false;
+    c.viewindex = 700;
+    replaytick(st);
+    EXPECT_EQ(c.viewindex, 700);
+}
+
+TEST_F(Comparison, ComparisonAtItsEndStopsAndPausesWithItsOwnMessage) {
+    s.viewindex = 700;
+    c.viewindex = c.lastposition;
+    replaytick(st);
+    EXPECT_EQ(s.viewindex, 702); // the main side moved first
+    EXPECT_FALSE(st.T1);
+    EXPECT_EQ(ui.messages, std::vector<std::string>{"对比已经播放到文件最后位置 ！"});
+    EXPECT_EQ(st.form.captions["Command8"], "连续播放");
+}
+
+TEST_F(Comparison, ComparisonPastItsBarStopsTheTimerButKeepsTheCaption) {
+    st.language = "english";
+    st.form.captions["Command8"] = "Pause";
+    st.settings.wholefile = 0;
+    c.rawgrid[1000][0] = 1;
+    rebuildmap(st, c); // a short clip map: the bar ends long before the file
+    c.viewindex = c.scrollmax * 300 + 299;
+    replaytick(st);
+    EXPECT_EQ(c.viewindex, c.scrollmax * 300);
+    EXPECT_FALSE(st.T1);
+    EXPECT_EQ(ui.messages, std::vector<std::string>{"the 2nd end"});
+    EXPECT_EQ(st.form.captions["Command8"], "Pause");
+}
+
+TEST_F(Comparison, BackwardStopNearTheComparisonsStartHasABlankAndNoEnglish) {
+    st.language = "english";
+    st.direction = -1;
+    s.viewindex = 5000;
+    c.viewindex = 1000;
+    replaytick(st);
+    EXPECT_EQ(s.viewindex, 4998);
+    EXPECT_EQ(c.viewindex, 1000);
+    EXPECT_FALSE(st.T1);
+    EXPECT_EQ(ui.messages, std::vector<std::string>{"已经播放到文件最初位置 ！"});
+}
+
+TEST_F(Comparison, StepKeysMoveTheComparisonInStep) {
+    st.T1 = false;
+    s.viewindex = 600;
+    c.viewindex = 2000;
+    press(st, "Command34");
+    EXPECT_EQ(s.viewindex, 1100);
+    EXPECT_EQ(c.viewindex, 2500);
+    press(st, "Command27");
+    EXPECT_EQ(s.viewindex, 600);
+    EXPECT_EQ(c.viewindex, 2000);
+    st.asynchronous = true;
+    press(st, "Command34");
+    EXPECT_EQ(s.viewindex, 1100);
+    EXPECT_EQ(c.viewindex, 2000);
+}
+
+TEST_F(Comparison, ComparisonLeadsWithItsOwnStepKeys) {
+    s.viewindex = 3000;
+    c.viewindex = 3000;
+    press(st, "Command37");
+    EXPECT_EQ(c.viewindex, 3500);
+    EXPECT_EQ(s.viewindex, 3500);
+    c.viewindex = c.scrollmax * 300 - 100;
+    press(st, "Command37");
+    EXPECT_EQ(c.viewindex, c.scrollmax * 300);
+    EXPECT_EQ(ui.messages.front(), "已经播放到文件最后位置 ！");
+    ui.messages.clear();
+    c.viewindex = 900;
+    press(st, "Command38");
+    EXPECT_EQ(c.viewindex, 600);
+    EXPECT_EQ(ui.messages, std::vector<std::string>{"对比已经播放到文件最初位置！"});
+}
+
+TEST_F(Comparison, StepBackOfTheFollowingComparisonStopsAt600AndSaysSo) {
+    s.viewindex = 5000;
+    c.viewindex = 800;
+    stepback(st);
+    EXPECT_EQ(s.viewindex, 4500);
+    EXPECT_EQ(c.viewindex, 600);
+    EXPECT_EQ(ui.messages, std::vector<std::string>{"对比已经播放到文件最初位置！"});
+}
+
+TEST_F(Comparison, FollowingComparisonAtItsEndOnlySaysSo) {
+    s.viewindex = 5000;
+    c.viewindex = c.lastposition;
+    stepforward(st);
+    EXPECT_EQ(s.viewindex, 5500);
+    EXPECT_EQ(c.viewindex, c.lastposition);
+    EXPECT_EQ(ui.messages, std::vector<std::string>{"对比已经播放到文件最后位置 ！"});
+}
+
+TEST_F(Comparison, SeekOnTheComparisonTakesTheNearestPlaceOnly) {
+    st.T1 = true;
+    c.mileage[3000][0] = 7.5f;
+    c.mileage[9000][0] = 7.5f; // a second pass: the comparison keeps no list of hits
+    enter(st, "Text2", "7.5");
+    EXPECT_EQ(c.viewindex, 3000);
+    EXPECT_FALSE(st.T1); // the seek paused the replay
+    EXPECT_EQ(st.seekcount, 0);
+    press(st, "Label21");
+    EXPECT_EQ(c.viewindex, 3000);
+}
+
+TEST_F(Comparison, MarkersOnTheComparisonPictureDrawThere) {
+    c.viewindex = 10000;
+    st.pointerx = 300;
+    press(st, "azddb"); // not yet: no start on this picture
+    EXPECT_EQ(c.endx, 0);
+    press(st, "aqddb");
+    EXPECT_EQ(c.startdist, 10900);
+    st.pointerx = 900;
+    press(st, "azddb");
+    EXPECT_EQ(c.enddist, 10300);
+    EXPECT_EQ(s.startx, 0); // the main picture's markers stay
+    EXPECT_FALSE(st.form.accenabled);
+    bool drawn = false;
+    for (const DrawOp& op : canvasdb.ops)
+        drawn = drawn || (op.kind == DrawOp::Kind::print && op.text == "2.100米");
+    EXPECT_TRUE(drawn);
+}
+
+TEST_F(Comparison, KeepPlaceBringsTheComparisonBackToItsKilometre) {
+    for (std::int64_t p = 800; p <= c.lastposition; ++p)
+        c.mileage[p][0] = static_cast<float>(p * 0.0035 / 1000 + 9);
+    c.viewindex = 40000; // kilometre 9.140
+    st.settings.wholefile = 0;
+    c.rawgrid[20000][0] = 1;
+    c.rawgrid[40000][0] = 1;
+    keepplace(st);
+    EXPECT_EQ(st.Text2, "0009.140");
+    EXPECT_NEAR(c.mileage[c.mapat(c.viewindex)][0], 9.14f, 0.002f);
+    EXPECT_LT(c.viewlength, 40000); // the comparison's map was rebuilt as a clip map
+}
+
+TEST_F(Comparison, ComparisonScrollBarMovesItsViewOnly) {
+    s.viewindex = 600;
+    scroll(st, "HScrolljddb", 10);
+    EXPECT_EQ(c.viewindex, 3000);
+    EXPECT_EQ(s.viewindex, 600);
 }
 
 } // namespace
