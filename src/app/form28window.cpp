@@ -3,8 +3,11 @@
 #include "app/actions.h"
 #include "app/controls.h"
 #include "app/dialogwindow.h"
+#include "app/formpk2window.h"
+#include "app/settings.h"
 #include "app/startup.h"
 #include "app/station.h"
+#include "bmode/bmode.h"
 #include "bmode/pictureview.h"
 #include "render/rastercanvas.h"
 
@@ -15,7 +18,9 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
@@ -48,24 +53,50 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
     outer->addWidget(settingscolumn(central));
     picture1_ = new PictureView(*canvas_, central);
     picture1_->setObjectName("Picture1");
+    picture1_->setToolTip("按住鼠标移动可拖动坐标轴");
+    picture1_->setoverlay([this](QPainter& painter) { drawruler(painter); });
+    connect(picture1_, &PictureView::pressed, this, &Form28Window::picturepressed);
+    connect(picture1_, &PictureView::moved, this, [this](QPointF at, Qt::MouseButtons buttons) {
+        if (!rulerdrag_ || !(buttons & Qt::LeftButton)) return;
+        moveruler(st_, st_.zhu, at.x() - rulerfrom_);
+        rulerfrom_ = at.x();
+        picture1_->update();
+    });
+    connect(picture1_, &PictureView::released, this, [this] { rulerdrag_ = false; });
     layout->addWidget(picture1_, 1);
+    popup_ = new QMenu(this);
+    popup_->setObjectName("a13");
+    for (const auto& [name, caption] :
+         {std::pair{"aqd", "起点"}, std::pair{"azd", "终点"}, std::pair{"qcqzd", "清除起止点"}}) {
+        QAction* entry = popup_->addAction(caption);
+        entry->setObjectName(name);
+        const std::string control = name;
+        connect(entry, &QAction::triggered, this,
+                [this, control] { act([this, control] { orvane::press(st_, control); }); });
+        menuentries_[name] = entry;
+    }
 
     // The transport under the picture: direction, hand steps, play, the position bar and its speed.
     auto* transport = new QHBoxLayout();
     transport->addWidget(button("Command26", "◀ 反向", "Command26"));
     transport->addWidget(button("Command27", "◀ 步退", "Command27"));
+    transport->addWidget(button("Command3", "拼  孔", "Command3"));
     command8_ = button("Command8", "", "Command8");
     transport->addWidget(command8_);
     transport->addWidget(button("Command34", "步进 ▶", "Command34"));
     transport->addWidget(button("Command25", "正向 ▶", "Command25"));
     hscrolljd_ = new QScrollBar(Qt::Horizontal, central);
     hscrolljd_->setObjectName("HScrolljd");
+    // Taking the focus stops a running replay; moves then go to the view.
+    hscrolljd_->setFocusPolicy(Qt::StrongFocus);
+    hscrolljd_->installEventFilter(this);
     connect(hscrolljd_, &QScrollBar::sliderMoved, this,
             [this](int value) { act([this, value] { orvane::scroll(st_, "HScrolljd", value); }); });
     connect(hscrolljd_, &QScrollBar::actionTriggered, this, [this](int) {
         if (!hscrolljd_->isSliderDown())
             act([this] { orvane::scroll(st_, "HScrolljd", hscrolljd_->sliderPosition()); });
     });
+    connect(hscrolljd_, &QScrollBar::sliderReleased, this, [this] { focuspicture(); });
     transport->addWidget(new QLabel("播放进度:", central));
     transport->addWidget(hscrolljd_, 1);
     transport->addWidget(new QLabel("B显速度", central));
@@ -102,6 +133,15 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
                 [this, name] { act([this, name] { orvane::press(st_, name); }); });
         checks_.push_back(box);
         channels->addWidget(box);
+        // The colour of the channel: a click opens the colour dialog.
+        auto* colour = new QLabel(central);
+        const std::string lys = std::string("Lys") + static_cast<char>('a' + k);
+        colour->setObjectName(QString::fromStdString(lys));
+        colour->setFixedSize(14, 14);
+        colour->setToolTip("点击选择通道颜色");
+        colour->installEventFilter(this);
+        colours_.push_back(colour);
+        channels->addWidget(colour);
     }
     for (const char* name : {"Label1", "Ljls"}) {
         labels_[name] = new QLabel(central);
@@ -196,6 +236,20 @@ QWidget* Form28Window::settingscolumn(QWidget* parent) {
         }
         box->addWidget(frame);
     }
+    // The colours: background, window, guide lines, and the two schemes.
+    auto* colours = new QGroupBox("颜色设置", column);
+    auto* colourrow = new QGridLayout(colours);
+    const std::pair<const char*, const char*> colourbuttons[] = {{"Combjs", "背景色"},
+                                                                 {"Comcc", "窗口色"},
+                                                                 {"Command13", "辅助线"},
+                                                                 {"Command40", "纯黑"},
+                                                                 {"Command41", "浅黄"}};
+    int at = 0;
+    for (const auto& [name, caption] : colourbuttons) {
+        colourrow->addWidget(button(name, caption, name), at / 3, at % 3);
+        ++at;
+    }
+    box->addWidget(colours);
     // The bars of the dot size, the hand step and the length of a reportable bottom-echo loss.
     const std::tuple<const char*, const char*, int, int> bars[] = {{"HScroll7", "点大小设置", 1, 5},
                                                                    {"HScroll3", "手动步进值", 10, 2000},
@@ -221,9 +275,67 @@ QPushButton* Form28Window::button(const char* name, const QString& caption, cons
     auto* b = new QPushButton(caption, centralWidget() ? centralWidget() : this);
     b->setObjectName(name);
     const std::string target = control;
-    connect(b, &QPushButton::clicked, this,
-            [this, target] { act([this, target] { orvane::press(st_, target); }); });
+    connect(b, &QPushButton::clicked, this, [this, target] {
+        act([this, target] { orvane::press(st_, target); });
+        if (target == "Command3" && st_.alignment.open) openformpk2();
+        // The replay keys hand the focus back to the picture.
+        if (target == "Command8" || target == "Command34" || target == "Command27") focuspicture();
+    });
     return b;
+}
+
+void Form28Window::openformpk2() {
+    auto* dialog = new Formpk2Window(
+        st_, [this](const std::function<void()>& h) { act(h); }, this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &QDialog::finished, this, [this] {
+        refresh();
+        focuspicture();
+    });
+    dialog->open();
+    refresh(); // the timer ticks at a step of 0 while the window is open
+}
+
+void Form28Window::focuspicture() {
+    if (picture1_->isEnabled() && picture1_->isVisible()) picture1_->setFocus();
+}
+
+void Form28Window::picturepressed(Qt::MouseButton button, QPointF at) {
+    if (!st_.form.mainviewenabled) return;
+    // A press on the ruler takes it along with the pointer.
+    if (button == Qt::LeftButton && !st_.alignment.open && at.x() >= st_.zhu.rulerx0 - 10 &&
+        at.x() <= st_.zhu.rulerx0 + 32) {
+        rulerdrag_ = true;
+        rulerfrom_ = at.x();
+        return;
+    }
+    bool menu = false;
+    const std::string which = button == Qt::LeftButton    ? "left"
+                              : button == Qt::RightButton ? "right"
+                                                          : "none";
+    act([&] { menu = picturedown(st_, "Picture1", which, at.x()); });
+    if (!menu) return;
+    menuentries_["azd"]->setEnabled(st_.form.azdenabled);
+    popup_->popup(picture1_->mapToGlobal(picture1_->towidget(at).toPoint()));
+}
+
+// The depth ruler over the picture, in the guide colour; hidden while the alignment is open.
+void Form28Window::drawruler(QPainter& painter) {
+    if (st_.alignment.open || !st_.form.mainviewenabled) return;
+    const std::uint32_t c = st_.settings.color("biaochicolor");
+    const QColor colour(c & 0xFF, (c >> 8) & 0xFF, (c >> 16) & 0xFF);
+    for (const RulerLine& l : rulerlines(st_.zhu.rulerx0)) {
+        painter.setPen(QPen(colour, l.width));
+        painter.drawLine(picture1_->towidget({l.x1, l.y1}), picture1_->towidget({l.x2, l.y2}));
+    }
+    QFont font = painter.font();
+    font.setPixelSize(11);
+    painter.setFont(font);
+    for (const RulerLabel& l : rulerlabels(st_.zhu.rulerx0)) {
+        const QPointF at = picture1_->towidget({l.left, l.top});
+        painter.drawText(QRectF(at.x() - 14, at.y(), 40, 14), Qt::AlignRight | Qt::AlignTop,
+                         QString::fromStdString(l.text));
+    }
 }
 
 void Form28Window::act(const std::function<void()>& handler) {
@@ -251,6 +363,13 @@ void Form28Window::filltable(QTableWidget* table, const std::vector<std::vector<
 }
 
 bool Form28Window::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == hscrolljd_ && event->type() == QEvent::FocusIn && st_.T1 && !st_.alignment.open)
+        act([this] { orvane::press(st_, "Command8"); }); // the bar takes the focus: replay stops
+    if (watched->objectName().startsWith("Lys") && event->type() == QEvent::MouseButtonPress) {
+        const std::string name = watched->objectName().toStdString();
+        act([this, name] { orvane::press(st_, name); });
+        return true;
+    }
     if (watched->objectName() == "Label20" && event->type() == QEvent::MouseButtonPress) {
         const bool right = static_cast<QMouseEvent*>(event)->button() == Qt::RightButton;
         act([this, right] {
@@ -291,7 +410,20 @@ void Form28Window::refresh() {
         const QSignalBlocker quiet(bars_[name]);
         bars_[name]->setValue(value);
     }
-    for (int k = 0; k < 9; ++k) checks_[k]->setChecked(st_.form.channelshown[k]);
+    for (int k = 0; k < 9; ++k) {
+        checks_[k]->setChecked(st_.form.channelshown[k]);
+        checks_[k]->setEnabled(st_.form.mainviewenabled);
+        const std::uint32_t c = st_.settings.channelcolor[k];
+        colours_[k]->setStyleSheet(QString("background-color: rgb(%1,%2,%3); border: 1px solid gray;")
+                                       .arg(c & 0xFF)
+                                       .arg((c >> 8) & 0xFF)
+                                       .arg((c >> 16) & 0xFF));
+    }
+    const std::uint32_t back = st_.settings.color("formbackcolor");
+    QPalette palette = centralWidget()->palette();
+    palette.setColor(QPalette::Window, QColor(back & 0xFF, (back >> 8) & 0xFF, (back >> 16) & 0xFF));
+    centralWidget()->setPalette(palette);
+    centralWidget()->setAutoFillBackground(true);
     for (auto& [name, label] : labels_) {
         auto it = st_.form.labels.find(name);
         label->setText(it == st_.form.labels.end() ? QString() : QString::fromStdString(it->second));

@@ -1,6 +1,7 @@
 #pragma once
 // The main window: shows the station's state and forwards the user's acts to the logic.
 #include <QMainWindow>
+#include <QPointF>
 
 #include <functional>
 #include <map>
@@ -11,6 +12,9 @@
 class QCheckBox;
 class QLabel;
 class QLineEdit;
+class QMenu;
+class QAction;
+class QPainter;
 class QProgressBar;
 class QPushButton;
 class QRadioButton;
@@ -50,6 +54,13 @@ class Form28Window : public QMainWindow {
     QPushButton* button(const char* name, const QString& caption, const char* control);
     QWidget* settingscolumn(QWidget* parent);
     void filltable(QTableWidget* table, const std::vector<std::vector<std::string>>& cells);
+    // Command3: the alignment window over this one, modal; the picture follows each change.
+    void openformpk2();
+    // Picture1 takes the focus back if it can.
+    void focuspicture();
+    // A press on the picture: the ruler's drag, or the press of the view with its popup menu a13.
+    void picturepressed(Qt::MouseButton button, QPointF at);
+    void drawruler(QPainter& painter);
 
     Station& st_;
     DialogUi& ui_;
@@ -66,6 +77,11 @@ class Form28Window : public QMainWindow {
     QTableWidget* grid2_ = nullptr;
     QTableWidget* grid3_ = nullptr;
     std::vector<QCheckBox*> checks_;
+    std::vector<QLabel*> colours_; // Lysa..Lysi
+    QMenu* popup_ = nullptr;       // a13
+    std::map<std::string, QAction*> menuentries_;
+    bool rulerdrag_ = false;
+    double rulerfrom_ = 0;
     std::vector<QRadioButton*> options_;
     std::map<std::string, QScrollBar*> bars_;
     std::map<std::string, QLabel*> labels_; // Label1, Ljls, the job summary

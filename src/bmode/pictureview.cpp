@@ -2,6 +2,7 @@
 
 #include "render/rastercanvas.h"
 
+#include <QMouseEvent>
 #include <QPainter>
 
 namespace orvane {
@@ -11,6 +12,18 @@ PictureView::PictureView(RasterCanvas& canvas, QWidget* parent) : QWidget(parent
     setMinimumSize(120, 60);
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
+    setMouseTracking(true);
+}
+
+QPointF PictureView::tocanvas(const QPointF& p) const {
+    const double w = std::max(1, width()), h = std::max(1, height());
+    return {p.x() / w * canvas_.scalewidth, canvas_.scaletop + p.y() / h * canvas_.scaleheight};
+}
+
+QPointF PictureView::towidget(const QPointF& p) const {
+    const double sw = canvas_.scalewidth > 0 ? canvas_.scalewidth : 1;
+    const double sh = canvas_.scaleheight > 0 ? canvas_.scaleheight : 1;
+    return {p.x() / sw * width(), (p.y() - canvas_.scaletop) / sh * height()};
 }
 
 void PictureView::paintEvent(QPaintEvent*) {
@@ -18,6 +31,19 @@ void PictureView::paintEvent(QPaintEvent*) {
     // Whole canvas pixels on whole screen pixels where the sizes allow: dots stay sharp.
     painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
     painter.drawImage(rect(), canvas_.image());
+    if (overlay_) overlay_(painter);
+}
+
+void PictureView::mousePressEvent(QMouseEvent* event) {
+    emit pressed(event->button(), tocanvas(event->position()));
+}
+
+void PictureView::mouseMoveEvent(QMouseEvent* event) {
+    emit moved(tocanvas(event->position()), event->buttons());
+}
+
+void PictureView::mouseReleaseEvent(QMouseEvent* event) {
+    emit released(event->button(), tocanvas(event->position()));
 }
 
 } // namespace orvane

@@ -6,10 +6,18 @@
 
 #include "generator.h"
 
+#include "app/formpk2window.h"
+#include "app/settings.h"
+#include "bmode/pictureview.h"
+#include "replay/bofang.h"
+
+#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
@@ -161,6 +169,123 @@ TEST_F(Form28Replay, AnOptionWritesItsSettingAndRedraws) {
     control<QScrollBar>("HScroll7")->setValue(3);
     EXPECT_EQ(st.settings.diandx, 3);
     EXPECT_EQ(st.colordb->scalar("select shuzhi from color where weizhi='diandx'").number(), 3);
+}
+
+TEST_F(Form28Replay, ColourLabelOpensTheDialogAndRecoloursTheChannel) {
+    ui.answers.push_back(std::to_string(rgb(255, 0, 0)));
+    auto* lysa = control<QLabel>("Lysa");
+    ASSERT_NE(lysa, nullptr);
+    QTest::mouseClick(lysa, Qt::LeftButton);
+    EXPECT_EQ(st.settings.channelcolor[0], rgb(255, 0, 0));
+    EXPECT_NE(lysa->styleSheet().indexOf("rgb(255,0,0)"), -1);
+    EXPECT_EQ(st.colordb->scalar("select shuzhi from color where weizhi='acolor'").number(), 255);
+}
+
+TEST_F(Form28Replay, PresetButtonRepaintsThePicture) {
+    control<QPushButton>("Command41")->click();
+    const QImage shown = control<QWidget>("Picture1")->grab().toImage();
+    EXPECT_EQ(shown.pixelColor(3, shown.height() / 2), QColor(255, 255, 192)); // the light yellow background
+    EXPECT_EQ(st.settings.color("biaochicolor"), rgb(0, 0, 0));
+}
+
+TEST_F(Form28Replay, AlignmentWindowTunesTheWordsAndSavesThem) {
+    const std::int16_t before = st.zhu.pinkongval[0];
+    control<QPushButton>("Command3")->click();
+    auto* formpk2 = window->findChild<Formpk2Window*>("Formpk2");
+    ASSERT_NE(formpk2, nullptr);
+    EXPECT_TRUE(formpk2->isModal());
+    EXPECT_TRUE(st.alignment.open);
+    EXPECT_TRUE(control<QTimer>("T1")->isActive()); // ticks of step 0 show each change
+    auto* bar = formpk2->findChild<QScrollBar*>("HScroll1");
+    ASSERT_NE(bar, nullptr);
+    EXPECT_EQ(bar->value(), 0);
+    EXPECT_EQ(bar->minimum(), -200);
+    bar->setValue(25);
+    EXPECT_EQ(st.zhu.pinkongval[0], before + 25);
+    EXPECT_EQ(st.zhu.viewindex, 600); // the view stays while the picture follows
+    formpk2->findChild<QPushButton*>("Cmdbc")->click();
+    EXPECT_EQ(st.gpsxdb->scalar("select apk from pinkong where jqbh=?", {st.machineno}).number(),
+              before + 25);
+    formpk2->reject(); // closing ends the alignment
+    EXPECT_FALSE(st.alignment.open);
+    EXPECT_FALSE(control<QTimer>("T1")->isActive());
+    EXPECT_EQ(st.pinkonghit, 1);
+    EXPECT_EQ(st.zhu.pinkongval[0], before + 25);
+}
+
+TEST_F(Form28Replay, ExactModeInTheAlignmentWindowClosesIt) {
+    control<QPushButton>("Command3")->click();
+    auto* formpk2 = window->findChild<Formpk2Window*>("Formpk2");
+    ASSERT_NE(formpk2, nullptr);
+    formpk2->findChild<QRadioButton*>("Option2")->click();
+    EXPECT_FALSE(st.alignment.open);
+    EXPECT_FALSE(formpk2->isVisible());
+    for (auto w : st.zhu.pinkongval) EXPECT_EQ(w, 0);
+}
+
+TEST_F(Form28Replay, RightPressOnThePictureShowsTheMenuOfMarkers) {
+    window->show();
+    auto* picture = control<PictureView>("Picture1");
+    const QPoint at(picture->width() / 4, picture->height() / 2);
+    QTest::mouseClick(picture, Qt::RightButton, {}, at);
+    auto* menu = window->findChild<QMenu*>("a13");
+    ASSERT_NE(menu, nullptr);
+    EXPECT_TRUE(menu->isVisible());
+    auto* azd = menu->findChild<QAction*>("azd");
+    EXPECT_FALSE(azd->isEnabled()); // no start yet
+    menu->findChild<QAction*>("aqd")->trigger();
+    menu->hide();
+    EXPECT_NEAR(st.zhu.startx, 300, 2); // a quarter of the 1200 units across
+    EXPECT_TRUE(st.form.azdenabled);
+    menu->findChild<QAction*>("qcqzd")->trigger();
+    EXPECT_EQ(st.zhu.startx, 0);
+}
+
+TEST_F(Form28Replay, RulerIsDraggedAcrossThePicture) {
+    window->show();
+    auto* picture = control<PictureView>("Picture1");
+    const QPointF ruler = picture->towidget({st.zhu.rulerx0 + 20, 100});
+    const double start = st.zhu.rulerx0;
+    QTest::mousePress(picture, Qt::LeftButton, {}, ruler.toPoint());
+    QMouseEvent move(QEvent::MouseMove, ruler - QPointF(picture->width() / 4.0, 0),
+                     picture->mapToGlobal(ruler), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(picture, &move);
+    QTest::mouseRelease(picture, Qt::LeftButton, {}, (ruler - QPointF(picture->width() / 4.0, 0)).toPoint());
+    EXPECT_NEAR(st.zhu.rulerx0, start - 300, 3);
+    EXPECT_FALSE(st.T1); // a drag of the ruler is no press on the view
+}
+
+TEST_F(Form28Replay, ScrollBarTakingTheFocusStopsTheReplay) {
+    window->show();
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    control<QPushButton>("Command8")->click();
+    ASSERT_TRUE(st.T1);
+    EXPECT_TRUE(control<QWidget>("Picture1")->hasFocus()); // the play button hands the focus back
+    control<QScrollBar>("HScrolljd")->setFocus(Qt::MouseFocusReason);
+    EXPECT_FALSE(st.T1);
+    EXPECT_EQ(control<QPushButton>("Command8")->text().toStdString(), "连续播放");
+}
+
+TEST_F(Form28Replay, ClosingDuringReplayStopsTheTimerFirst) {
+    window->show();
+    control<QPushButton>("Command8")->click();
+    ASSERT_TRUE(control<QTimer>("T1")->isActive());
+    window->close();
+    EXPECT_FALSE(st.T1);
+    EXPECT_FALSE(control<QTimer>("T1")->isActive());
+}
+
+TEST_F(Form28Replay, TinyWindowStillReplays) {
+    window->show();
+    window->resize(40, 30);
+    QApplication::processEvents();
+    control<QPushButton>("Command34")->click();
+    control<QWidget>("Picture1")->repaint();
+    EXPECT_EQ(st.zhu.viewindex, 1100);
+    window->resize(1366, 768);
+    QApplication::processEvents();
+    EXPECT_FALSE(window->grab().isNull());
 }
 
 TEST_F(Form28, ButtonsBeforeARecordingHasLoadedDoNothing) {
