@@ -448,6 +448,8 @@ void Form28Window::showEvent(QShowEvent* event) {
 }
 
 void Form28Window::activate() {
+    if (activated_) return; // first activation runs once, whoever asks first
+    activated_ = true;
     st_.form.pb1visible = true;
     st_.form.lts1visible = true;
     refresh();

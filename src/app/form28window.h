@@ -86,6 +86,7 @@ class Form28Window : public QMainWindow {
     std::map<std::string, QScrollBar*> bars_;
     std::map<std::string, QLabel*> labels_; // Label1, Ljls, the job summary
     bool activationqueued_ = false;
+    bool activated_ = false;
 };
 
 } // namespace orvane

@@ -1,0 +1,84 @@
+// The window on the demo recording at a joint and at a defect, kept as pictures of the test run
+// (folder artifacts of the build) for a person to look at, and checked for the shape of a rail.
+#include "app/dialogwindow.h"
+#include "app/form28window.h"
+#include "app/startup.h"
+#include "app/station.h"
+#include "bmode/pictureview.h"
+#include "replay/bofang.h"
+#include "stationfixture.h"
+
+#include "generator.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QImage>
+#include <QTest>
+#include <gtest/gtest.h>
+
+using namespace orvane;
+
+namespace {
+
+class Form28Screenshot : public testkit::StationTest {
+  protected:
+    void SetUp() override {
+        start();
+        demo = ktrgen::generate(ktrgen::preset("demo"), 1);
+        std::string bytes(demo.bytes.begin(), demo.bytes.end());
+        windowload(st, writefile("demo.ktr", bytes));
+        window = std::make_unique<Form28Window>(st, dialogs);
+        st.ui = &ui;
+        window->resize(1366, 768);
+        window->show();
+        window->activate();
+        ASSERT_TRUE(ui.messages.empty());
+        picture = window->findChild<PictureView*>("Picture1");
+    }
+    void TearDown() override { window.reset(); }
+
+    // The view with POSITION in the middle of the picture, saved as NAME.png.
+    QImage showat(std::int32_t position, const char* name) {
+        gotoposition(st, position - 600); // the view's right edge half a picture before it
+        window->refresh();
+        QApplication::processEvents();
+        const QString folder = ORVANE_ARTIFACTS;
+        QDir().mkpath(folder);
+        EXPECT_TRUE(window->grab().save(folder + "/" + name + ".png")) << name;
+        return picture->grab().toImage();
+    }
+    // Pixels unlike the background in a band of canvas units.
+    int echoes(const QImage& image, double x1, double x2, double y1, double y2) {
+        const QPoint a = picture->towidget({x1, y1}).toPoint(), b = picture->towidget({x2, y2}).toPoint();
+        const QColor back = image.pixelColor(2, image.height() / 2);
+        int n = 0;
+        for (int y = std::max(0, a.y()); y < std::min(image.height(), b.y()); ++y)
+            for (int x = std::max(0, a.x()); x < std::min(image.width(), b.x()); ++x)
+                n += image.pixelColor(x, y) != back;
+        return n;
+    }
+
+    ktrgen::Recording demo;
+    DialogUi dialogs;
+    std::unique_ptr<Form28Window> window;
+    PictureView* picture = nullptr;
+};
+
+TEST_F(Form28Screenshot, DemoAtAJointLooksLikeARail) {
+    ASSERT_FALSE(demo.truth.joints.empty());
+    const QImage image = showat(demo.truth.joints.front(), "form28-joint");
+    const double foot = st.zhu.railfootrow;
+    // The running surface over the whole width, the bottom echo at the foot.
+    EXPECT_GT(echoes(image, 0, 1100, 17, 20), picture->width() / 4);
+    EXPECT_GT(echoes(image, 0, 1100, foot - 6, foot + 6), picture->width() / 4);
+    // The bolt holes of the joint in the middle of the picture, inside the rail.
+    EXPECT_GT(echoes(image, 450, 750, 40, foot - 10), 20);
+}
+
+TEST_F(Form28Screenshot, DemoAtADefectShowsItsEchoes) {
+    ASSERT_FALSE(demo.truth.defects.empty());
+    const QImage image = showat(demo.truth.defects.front().second, "form28-defect");
+    EXPECT_GT(echoes(image, 500, 700, 20, st.zhu.railfootrow - 10), 5);
+}
+
+} // namespace
