@@ -1,5 +1,6 @@
 // One redraw of the B-mode picture on the large synthetic recording (22 km, 6.29 million positions)
-// beside the clear to the background alone, and the clip map of the whole recording.
+// beside the clear to the background alone, the clip map of the whole recording and a seek by
+// kilometre.
 #include "app/scriptedui.h"
 #include "app/startup.h"
 #include "app/station.h"
@@ -9,6 +10,7 @@
 #include "recording/walk.h"
 #include "render/rastercanvas.h"
 #include "replay/bofang.h"
+#include "replay/transport.h"
 #include "replay/viewmap.h"
 
 #include <QGuiApplication>
@@ -80,6 +82,20 @@ void ClipMap(benchmark::State& state) {
     state.counters["lastposition"] = l.st.zhu.lastposition;
 }
 BENCHMARK(ClipMap)->Unit(benchmark::kMillisecond);
+
+// A seek to the kilometre in the middle of the recording on the whole-file map: every view index
+// is looked at once.
+void SeekKilometre(benchmark::State& state) {
+    Loaded& l = loaded();
+    l.st.settings.wholefile = 1;
+    l.st.settings.reverseshow = 1;
+    orvane::rebuildmap(l.st, l.st.zhu);
+    const float middle = l.st.zhu.mileage[l.st.zhu.lastposition / 2][0];
+    l.st.Text1 = std::to_string(middle);
+    for (auto _ : state) orvane::seekkilometre(l.st);
+    state.counters["hits"] = l.st.seekcount;
+}
+BENCHMARK(SeekKilometre)->Unit(benchmark::kMillisecond);
 
 } // namespace
 

@@ -108,11 +108,10 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
         if (value != st_.settings.bofsd) act([this, value] { orvane::scroll(st_, "HScroll8", value); });
     });
     transport->addWidget(hscroll8_);
-    auto* label20 = new QLabel("指定里程:", central);
-    label20->setObjectName("Label20");
-    label20->setToolTip("左键：查找该里程；右键：下一个相同里程");
-    label20->installEventFilter(this);
-    transport->addWidget(label20);
+    label20_ = new QLabel("指定里程:", central);
+    label20_->setObjectName("Label20");
+    label20_->installEventFilter(this);
+    transport->addWidget(label20_);
     text1_ = new QLineEdit(central);
     text1_->setObjectName("Text1");
     text1_->setMaximumWidth(100);
@@ -392,7 +391,7 @@ void Form28Window::refresh() {
         hscrolljd_->setValue(st_.zhu.viewindex / 300);
         hscroll8_->setValue(st_.settings.bofsd);
     }
-    command8_->setText(QString::fromStdString(st_.form.captions["Command8"]));
+    showcaptions();
     for (QRadioButton* option : options_) {
         const std::string name = option->objectName().toStdString();
         const bool on = name == "Option10"   ? !st_.form.auxlines
@@ -437,6 +436,23 @@ void Form28Window::refresh() {
     else if (!st_.T1 && t1_->isActive())
         t1_->stop();
     picture1_->update();
+}
+
+// Captions that carry state or language go to their controls when they change.
+void Form28Window::showcaptions() {
+    if (st_.form.captions == captionsshown_) return;
+    captionsshown_ = st_.form.captions;
+    for (const auto& [name, caption] : captionsshown_) {
+        const QString text = QString::fromStdString(caption);
+        QObject* control = findChild<QObject*>(QString::fromStdString(name));
+        if (auto* b = qobject_cast<QAbstractButton*>(control))
+            b->setText(text);
+        else if (auto* l = qobject_cast<QLabel*>(control))
+            l->setText(text);
+        else if (auto* g = qobject_cast<QGroupBox*>(control))
+            g->setTitle(text);
+    }
+    label20_->setToolTip(QString::fromStdString(st_.form.Label20hint));
 }
 
 void Form28Window::showEvent(QShowEvent* event) {

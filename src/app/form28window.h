@@ -61,6 +61,7 @@ class Form28Window : public QMainWindow {
     // A press on the picture: the ruler's drag, or the press of the view with its popup menu a13.
     void picturepressed(Qt::MouseButton button, QPointF at);
     void drawruler(QPainter& painter);
+    void showcaptions();
 
     Station& st_;
     DialogUi& ui_;
@@ -87,6 +88,8 @@ class Form28Window : public QMainWindow {
     std::map<std::string, QLabel*> labels_; // Label1, Ljls, the job summary
     bool activationqueued_ = false;
     bool activated_ = false;
+    QLabel* label20_ = nullptr;
+    std::map<std::string, std::string> captionsshown_;
 };
 
 } // namespace orvane

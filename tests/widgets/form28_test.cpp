@@ -288,6 +288,23 @@ TEST_F(Form28Replay, TinyWindowStillReplays) {
     EXPECT_FALSE(window->grab().isNull());
 }
 
+class Form28English : public testkit::StationTest {
+  protected:
+    void SetUp() override { start("english"); }
+};
+
+TEST_F(Form28English, CaptionsAndTheSeekHintReachTheirControls) {
+    windowload(st, writefile("run.ktr", ""));
+    DialogUi dialogs;
+    Form28Window window(st, dialogs);
+    EXPECT_EQ(window.findChild<QLabel*>("Label20")->text().toStdString(), "Trip");
+    EXPECT_EQ(window.findChild<QPushButton*>("Command3")->text().toStdString(), "Shift");
+    EXPECT_EQ(window.findChild<QPushButton*>("Combjs")->text().toStdString(), "Back");
+    EXPECT_EQ(window.findChild<QRadioButton*>("Option5")->text().toStdString(), "g-center");
+    EXPECT_EQ(window.findChild<QLabel*>("Label20")->toolTip().toStdString(),
+              "如需查找里程相同点，请先点左键找到第一里程点，再点右键依次向后循环查找相同里程点");
+}
+
 TEST_F(Form28, ButtonsBeforeARecordingHasLoadedDoNothing) {
     windowload(st, writefile("run.ktr", ""));
     DialogUi dialogs;
