@@ -24,6 +24,8 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QTableWidget>
 #include <QTimer>
@@ -50,7 +52,14 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
     auto* outer = new QHBoxLayout(central);
     auto* layout = new QVBoxLayout();
     outer->addLayout(layout, 1);
-    outer->addWidget(settingscolumn(central));
+    // The settings scroll on a small screen rather than push the window past it.
+    auto* settings = new QScrollArea(central);
+    settings->setWidget(settingscolumn(settings));
+    settings->setWidgetResizable(true);
+    settings->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    settings->setFrameShape(QFrame::NoFrame);
+    settings->setFixedWidth(settings->widget()->sizeHint().width() + 18);
+    outer->addWidget(settings);
     picture1_ = new PictureView(*canvas_, central);
     picture1_->setObjectName("Picture1");
     picture1_->setToolTip("按住鼠标移动可拖动坐标轴");
@@ -190,7 +199,9 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
     ui_.setparent(this);
     ui_.setbar(pb1_);
     ui_.setbeforedialog([this] { refresh(); });
-    resize(1280, 720);
+    // As large as the screen allows up to 1600 by 900, so that 1366 by 768 fits whole.
+    const QRect room = screen() ? screen()->availableGeometry() : QRect(0, 0, 1600, 900);
+    resize(std::min(1600, room.width()), std::min(900, room.height()));
     refresh();
 }
 
