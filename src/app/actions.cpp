@@ -10,6 +10,7 @@
 #include "replay/transport.h"
 #include "replay/viewmap.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace orvane {
@@ -114,6 +115,12 @@ void press(Station& st, const std::string& name, const std::string& button) {
     }
     if (const int k = channelofcheck(name); k >= 0) {
         st.form.channelshown[k] = !st.form.channelshown[k];
+        return bofang(st);
+    }
+    if (name == "Check8") { // "All": every channel shown, or none once all are
+        auto& shown = st.form.channelshown;
+        const bool all = std::all_of(shown.begin(), shown.end(), [](bool on) { return on; });
+        shown.fill(!all);
         return bofang(st);
     }
     if (name == "Option10" || name == "Option11") { // the auxiliary lines: hidden or shown

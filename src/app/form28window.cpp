@@ -30,6 +30,7 @@
 #include <QTableWidget>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace orvane {
 
@@ -151,6 +152,10 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
         colours_.push_back(colour);
         channels->addWidget(colour);
     }
+    check8_ = new QCheckBox("全部", central);
+    check8_->setObjectName("Check8");
+    connect(check8_, &QCheckBox::clicked, this, [this] { act([this] { orvane::press(st_, "Check8"); }); });
+    channels->addWidget(check8_);
     for (const char* name : {"Label1", "Ljls"}) {
         labels_[name] = new QLabel(central);
         labels_[name]->setObjectName(name);
@@ -429,6 +434,9 @@ void Form28Window::refresh() {
                                        .arg((c >> 8) & 0xFF)
                                        .arg((c >> 16) & 0xFF));
     }
+    check8_->setEnabled(st_.form.mainviewenabled);
+    check8_->setChecked(
+        std::all_of(st_.form.channelshown.begin(), st_.form.channelshown.end(), [](bool on) { return on; }));
     const std::uint32_t back = st_.settings.color("formbackcolor");
     QPalette palette = centralWidget()->palette();
     palette.setColor(QPalette::Window, QColor(back & 0xFF, (back >> 8) & 0xFF, (back >> 16) & 0xFF));

@@ -78,6 +78,7 @@ class Form28Window : public QMainWindow {
     QTableWidget* grid2_ = nullptr;
     QTableWidget* grid3_ = nullptr;
     std::vector<QCheckBox*> checks_;
+    QCheckBox* check8_ = nullptr;  // all channels
     std::vector<QLabel*> colours_; // Lysa..Lysi
     QMenu* popup_ = nullptr;       // a13
     std::map<std::string, QAction*> menuentries_;

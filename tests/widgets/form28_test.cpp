@@ -139,6 +139,13 @@ TEST_F(Form28Replay, CheckBoxHidesItsChannelAndPanelsShowTheRecords) {
     ASSERT_TRUE(g->isChecked());
     g->click();
     EXPECT_FALSE(st.form.channelshown[6]);
+    auto* all = control<QCheckBox>("Check8");
+    EXPECT_FALSE(all->isChecked());
+    all->click(); // not all shown: all are shown again
+    EXPECT_TRUE(g->isChecked());
+    EXPECT_TRUE(all->isChecked());
+    all->click();
+    for (bool on : st.form.channelshown) EXPECT_FALSE(on);
     auto* grid2 = control<QTableWidget>("Grid2");
     EXPECT_EQ(grid2->item(0, 1)->text().toStdString(), "执机人");
     EXPECT_EQ(grid2->item(1, 1)->text().toStdString(), "张伟");
