@@ -1,5 +1,7 @@
 #include "app/dialogwindow.h"
 
+#include "render/rastercanvas.h"
+
 #include <QApplication>
 #include <QColorDialog>
 #include <QFileDialog>
@@ -62,8 +64,7 @@ std::optional<std::string> DialogUi::savefile(const std::string& filter, const s
 }
 
 std::optional<std::uint32_t> DialogUi::pickcolor(std::uint32_t current) {
-    QColor initial(current & 0xFF, (current >> 8) & 0xFF, (current >> 16) & 0xFF);
-    QColor chosen = QColorDialog::getColor(initial, parent_);
+    QColor chosen = QColorDialog::getColor(qcolorof(current), parent_);
     if (!chosen.isValid()) return std::nullopt;
     return static_cast<std::uint32_t>(chosen.red() + 256 * chosen.green() + 65536 * chosen.blue());
 }

@@ -338,7 +338,7 @@ void Form28Window::picturepressed(Qt::MouseButton button, QPointF at) {
 void Form28Window::drawruler(QPainter& painter) {
     if (st_.alignment.open || !st_.form.mainviewenabled) return;
     const std::uint32_t c = st_.settings.color("biaochicolor");
-    const QColor colour(c & 0xFF, (c >> 8) & 0xFF, (c >> 16) & 0xFF);
+    const QColor colour = qcolorof(c);
     for (const RulerLine& l : rulerlines(st_.zhu.rulerx0)) {
         painter.setPen(QPen(colour, l.width));
         painter.drawLine(picture1_->towidget({l.x1, l.y1}), picture1_->towidget({l.x2, l.y2}));
@@ -428,20 +428,21 @@ void Form28Window::refresh() {
     for (int k = 0; k < 9; ++k) {
         checks_[k]->setChecked(st_.form.channelshown[k]);
         checks_[k]->setEnabled(st_.form.mainviewenabled);
-        const std::uint32_t c = st_.settings.channelcolor[k];
-        colours_[k]->setStyleSheet(QString("background-color: rgb(%1,%2,%3); border: 1px solid gray;")
-                                       .arg(c & 0xFF)
-                                       .arg((c >> 8) & 0xFF)
-                                       .arg((c >> 16) & 0xFF));
+        const QString sheet = QString("background-color: %1; border: 1px solid gray;")
+                                  .arg(qcolorof(st_.settings.channelcolor[k]).name());
+        if (colours_[k]->styleSheet() != sheet)
+            colours_[k]->setStyleSheet(sheet); // restyled only on a change
     }
     check8_->setEnabled(st_.form.mainviewenabled);
     check8_->setChecked(
         std::all_of(st_.form.channelshown.begin(), st_.form.channelshown.end(), [](bool on) { return on; }));
     const std::uint32_t back = st_.settings.color("formbackcolor");
-    QPalette palette = centralWidget()->palette();
-    palette.setColor(QPalette::Window, QColor(back & 0xFF, (back >> 8) & 0xFF, (back >> 16) & 0xFF));
-    centralWidget()->setPalette(palette);
-    centralWidget()->setAutoFillBackground(true);
+    if (centralWidget()->palette().color(QPalette::Window) != qcolorof(back)) {
+        QPalette palette = centralWidget()->palette();
+        palette.setColor(QPalette::Window, qcolorof(back));
+        centralWidget()->setPalette(palette);
+        centralWidget()->setAutoFillBackground(true);
+    }
     for (auto& [name, label] : labels_) {
         auto it = st_.form.labels.find(name);
         label->setText(it == st_.form.labels.end() ? QString() : QString::fromStdString(it->second));

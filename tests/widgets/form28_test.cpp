@@ -184,7 +184,7 @@ TEST_F(Form28Replay, ColourLabelOpensTheDialogAndRecoloursTheChannel) {
     ASSERT_NE(lysa, nullptr);
     QTest::mouseClick(lysa, Qt::LeftButton);
     EXPECT_EQ(st.settings.channelcolor[0], rgb(255, 0, 0));
-    EXPECT_NE(lysa->styleSheet().indexOf("rgb(255,0,0)"), -1);
+    EXPECT_NE(lysa->styleSheet().indexOf("#ff0000"), -1);
     EXPECT_EQ(st.colordb->scalar("select shuzhi from color where weizhi='acolor'").number(), 255);
 }
 

@@ -2,6 +2,7 @@
 // (folder artifacts of the build) for a person to look at, and checked for the shape of a rail.
 #include "app/dialogwindow.h"
 #include "app/form28window.h"
+#include "app/formpk2window.h"
 #include "app/startup.h"
 #include "app/station.h"
 #include "bmode/pictureview.h"
@@ -13,6 +14,8 @@
 #include <QApplication>
 #include <QDir>
 #include <QImage>
+#include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -79,6 +82,17 @@ TEST_F(Form28Screenshot, DemoAtADefectShowsItsEchoes) {
     ASSERT_FALSE(demo.truth.defects.empty());
     const QImage image = showat(demo.truth.defects.front().second, "form28-defect");
     EXPECT_GT(echoes(image, 500, 700, 20, st.zhu.railfootrow - 10), 5);
+}
+
+TEST_F(Form28Screenshot, AlignmentWindowOverTheDemo) {
+    showat(demo.truth.joints.front(), "form28-joint");
+    window->findChild<QPushButton*>("Command3")->click();
+    auto* formpk2 = window->findChild<Formpk2Window*>("Formpk2");
+    ASSERT_NE(formpk2, nullptr);
+    QApplication::processEvents();
+    EXPECT_EQ(formpk2->findChildren<QScrollBar*>().size(), 8u); // channels A to H; I is the reference
+    EXPECT_TRUE(formpk2->grab().save(QString(ORVANE_ARTIFACTS) + "/formpk2.png"));
+    formpk2->reject();
 }
 
 } // namespace
