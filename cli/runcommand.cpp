@@ -41,7 +41,6 @@ void runaction(Station& st, const std::string& action) {
         return enter(st, p[1], action.substr(kind.size() + p[1].size() + 2));
     if (kind == "scroll" && p.size() == 3) return scroll(st, p[1], number(p[2], action));
     if (kind == "mouse" && p.size() == 6) {
-        if (p[1] != "Picture1" && p[1] != "Picture6") throw ActionError("no canvas " + p[1]);
         if (p[2] == "down") picturedown(st, p[1], p[3], number(p[4], action));
         return;
     }

@@ -10,7 +10,6 @@
 #include "replay/transport.h"
 #include "replay/viewmap.h"
 
-#include <algorithm>
 #include <cstdlib>
 
 namespace orvane {
@@ -118,9 +117,7 @@ void press(Station& st, const std::string& name, const std::string& button) {
         return bofang(st);
     }
     if (name == "Check8") { // "All": every channel shown, or none once all are
-        auto& shown = st.form.channelshown;
-        const bool all = std::all_of(shown.begin(), shown.end(), [](bool on) { return on; });
-        shown.fill(!all);
+        st.form.channelshown.fill(!st.form.allchannelsshown());
         return bofang(st);
     }
     if (name == "Option10" || name == "Option11") { // the auxiliary lines: hidden or shown
@@ -147,9 +144,7 @@ void scroll(Station& st, const std::string& name, int value) {
         Side& s = name == "HScrolljd" ? st.zhu : st.cong;
         if (!s.main && !st.form.comparisonvisible) return;
         s.viewindex = std::max(value * 300, 600);
-        st.T2 = false;
-        s.jobcursor = s.paramcursor = s.markcursor = s.samplecursor = 0;
-        return bofang(st, s);
+        return settle(st, s);
     }
     setcontrol(st, name, std::to_string(value));
     setreplayspeed(st);
@@ -180,8 +175,7 @@ bool picturedown(Station& st, const std::string& canvas, const std::string& butt
     st.pointerx = x;
     if (button == "left") {
         // The first click on a running replay only pauses it.
-        const std::string& caption = st.form.captions["Command8"];
-        if (caption == "播放暂停" || caption == "Pause") pressplay(st);
+        if (replaying(st)) pressplay(st);
         st.T1 = false;
         return false;
     }

@@ -318,8 +318,7 @@ void Form28Window::focuspicture() {
 void Form28Window::picturepressed(Qt::MouseButton button, QPointF at) {
     if (!st_.form.mainviewenabled) return;
     // A press on the ruler takes it along with the pointer.
-    if (button == Qt::LeftButton && !st_.alignment.open && at.x() >= st_.zhu.rulerx0 - 10 &&
-        at.x() <= st_.zhu.rulerx0 + 32) {
+    if (button == Qt::LeftButton && !st_.alignment.open && onruler(st_.zhu, at.x())) {
         rulerdrag_ = true;
         rulerfrom_ = at.x();
         return;
@@ -434,8 +433,7 @@ void Form28Window::refresh() {
             colours_[k]->setStyleSheet(sheet); // restyled only on a change
     }
     check8_->setEnabled(st_.form.mainviewenabled);
-    check8_->setChecked(
-        std::all_of(st_.form.channelshown.begin(), st_.form.channelshown.end(), [](bool on) { return on; }));
+    check8_->setChecked(st_.form.allchannelsshown());
     const std::uint32_t back = st_.settings.color("formbackcolor");
     if (centralWidget()->palette().color(QPalette::Window) != qcolorof(back)) {
         QPalette palette = centralWidget()->palette();

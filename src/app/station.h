@@ -123,6 +123,9 @@ struct Side {
     std::int16_t cellat(std::int64_t position, int column) const {
         return position >= 0 && position < gridrows ? samplegrid[position][column] : 0;
     }
+    float mileageat(std::int64_t position) const {
+        return position >= 0 && position < gridrows ? mileage[position][0] : 0.0f;
+    }
     std::uint8_t rawat(std::int64_t position, int column) const {
         return position >= 0 && position < gridrows ? rawgrid[position][column] : 0;
     }
@@ -153,6 +156,12 @@ struct Form28State {
     bool comparisonvisible = false;
     // The channel check boxes Check1..Check7, Check16, Check17 (channels A to I): ticked shows.
     std::array<bool, 9> channelshown{true, true, true, true, true, true, true, true, true};
+    // Check8 "All" is ticked while every channel shows.
+    bool allchannelsshown() const {
+        for (bool on : channelshown)
+            if (!on) return false;
+        return true;
+    }
     bool auxlines = false; // Option11 "显示" of the auxiliary lines; Option10 hides them
     // The reverse sign of the picture: the shape Shape1 and the label Label6 over the last reverse text.
     struct Placed {

@@ -37,6 +37,8 @@ struct RulerLabel {
 };
 std::vector<RulerLine> rulerlines(double x0);
 std::vector<RulerLabel> rulerlabels(double x0);
+// Whether a press at canvas x X takes hold of the ruler (its labels, spine and ticks).
+bool onruler(const Side& side, double x);
 // The ruler dragged by DX canvas units; it stays on the picture.
 void moveruler(Station& st, Side& side, double dx);
 

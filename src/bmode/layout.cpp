@@ -50,6 +50,10 @@ std::vector<RulerLabel> rulerlabels(double x0) {
             {x0 - 2, 316, "150"}};
 }
 
+bool onruler(const Side& side, double x) {
+    return x >= side.rulerx0 - 10 && x <= side.rulerx0 + 32;
+}
+
 void moveruler(Station& st, Side& side, double dx) {
     side.rulerx0 = std::clamp(side.rulerx0 + dx, 8.0, st.settings.viewspan - 30.0);
 }

@@ -73,9 +73,7 @@ std::int32_t gpsinforce(const Side& side, std::int32_t position) {
 void positionlabels(Station& st, Side& side) {
     const bool english = st.language == "english";
     const std::int64_t here = side.mapat(side.viewindex);
-    const std::int64_t at = here + 300;
-    const float km = at >= 0 && at < side.gridrows ? side.mileage[at][0] : 0.0f;
-    const std::string s = formatfixed(km, 4, 3);
+    const std::string s = formatfixed(side.mileageat(here + 300), 4, 3);
     const std::string caption = english ? "Current Trip：" : side.main ? "当前里程:" : "当前里程：";
     st.form.labels[side.main ? "Label1" : "Label16"] =
         caption + mid(s, 1, 4) + (english ? "Km" : "公里") + mid(s, 6, 3) + (english ? "m" : "米") +

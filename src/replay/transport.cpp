@@ -36,24 +36,23 @@ constexpr Said comparisonatstart{"已经播放到文件最初位置 ！", "begin
 constexpr Said comparisonatend{"对比已经播放到文件最后位置 ！", "the 2nd end"};
 constexpr Said comparisonfloor{"对比已经播放到文件最初位置！", "the 2nd begin"};
 
-bool replaying(const Station& st) {
-    const auto caption = st.form.captions.find("Command8");
-    return caption != st.form.captions.end() && (caption->second == "播放暂停" || caption->second == "Pause");
-}
-
 // The comparison side moves with the main one while it is shown and the sides are in step.
 bool comparisonfollows(const Station& st) {
     return st.form.comparisonvisible && !st.asynchronous;
 }
 
-// The view of SIDE comes to rest: the A-mode stopped, the cursors from the start, a redraw.
+} // namespace
+
+bool replaying(const Station& st) {
+    const auto caption = st.form.captions.find("Command8");
+    return caption != st.form.captions.end() && (caption->second == "播放暂停" || caption->second == "Pause");
+}
+
 void settle(Station& st, Side& s) {
     st.T2 = false;
     s.jobcursor = s.paramcursor = s.markcursor = s.samplecursor = 0;
     bofang(st, s);
 }
-
-} // namespace
 
 void setreplayspeed(Station& st) {
     static const int steps[] = {2, 3, 4, 5, 7, 300, 500, 700, 1000};
@@ -197,9 +196,7 @@ void stepbackdb(Station& st) {
 namespace {
 
 double kilometredifference(const Side& s, std::int64_t k, double target) {
-    const std::int64_t p = s.mapat(k);
-    const float km = p >= 0 && p < s.gridrows ? s.mileage[p][0] : 0.0f;
-    return std::fabs(static_cast<double>(km) * 1000 - target);
+    return std::fabs(static_cast<double>(s.mileageat(s.mapat(k))) * 1000 - target);
 }
 
 // The view index between 800 and lastposition - 400 nearest to TARGET metres, the first on ties;
@@ -308,8 +305,7 @@ namespace {
 
 // The kilometre at SIDE's view as the seek box takes it: "0005.350".
 std::string kilometrenote(const Side& s) {
-    const std::int64_t p = s.mapat(s.viewindex);
-    const std::string note = formatfixed(p >= 0 && p < s.gridrows ? s.mileage[p][0] : 0.0f, 4, 3);
+    const std::string note = formatfixed(s.mileageat(s.mapat(s.viewindex)), 4, 3);
     return mid(note, 1, 4) + "." + mid(note, 6, 3);
 }
 

@@ -8,6 +8,11 @@ namespace orvane {
 struct Station;
 struct Side;
 
+// Whether continuous replay runs: the caption of Command8 says "播放暂停".
+bool replaying(const Station& st);
+// The view of SIDE comes to rest after a jump: the A-mode stopped, the cursors from the start, a redraw.
+void settle(Station& st, Side& side);
+
 // The view indices per tick and the timer interval of the speed bar HScroll8 (bofsd 1 to 9).
 void setreplayspeed(Station& st);
 // One tick of T1: the main side, then the comparison side while it is shown.

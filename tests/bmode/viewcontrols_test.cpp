@@ -72,6 +72,7 @@ TEST_F(ViewControls, ClearingTheMarkersHidesBoth) {
     st.pointerx = 700;
     press(st, "azd");
     press(st, "qcqzd");
+    ASSERT_FALSE(canvas.ops.empty()); // the view was drawn anew
     EXPECT_EQ(s.startx, 0);
     EXPECT_EQ(s.endx, 0);
     for (const DrawOp& op : canvas.ops)
@@ -127,6 +128,9 @@ TEST_F(ViewControls, RulerStandsAtTheRightEdgeWithItsTicksAndLabels) {
 }
 
 TEST_F(ViewControls, DraggedRulerStaysOnThePicture) {
+    EXPECT_TRUE(onruler(s, 1165 - 10));
+    EXPECT_TRUE(onruler(s, 1165 + 32));
+    EXPECT_FALSE(onruler(s, 1165 + 33));
     moveruler(st, s, -400);
     EXPECT_EQ(s.rulerx0, 765);
     moveruler(st, s, -5000);
