@@ -1,10 +1,7 @@
 // One redraw of the B-mode picture on the large synthetic recording (22 km, 6.29 million positions)
 // beside the clear to the background alone, the clip map of the whole recording and a seek by
 // kilometre.
-#include "app/scriptedui.h"
 #include "app/startup.h"
-#include "app/station.h"
-#include "app/systemclock.h"
 #include "bmode/bmode.h"
 #include "generator.h"
 #include "recording/walk.h"
@@ -12,6 +9,9 @@
 #include "replay/bofang.h"
 #include "replay/transport.h"
 #include "replay/viewmap.h"
+#include "station/scriptedui.h"
+#include "station/station.h"
+#include "station/systemclock.h"
 
 #include <QGuiApplication>
 #include <benchmark/benchmark.h>

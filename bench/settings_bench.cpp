@@ -1,11 +1,11 @@
 // The start of the station: a fresh folder with its three databases and the settings load, and the
 // settings load alone on a folder that exists.
-#include "app/scriptedui.h"
-#include "app/settings.h"
 #include "app/startup.h"
-#include "app/station.h"
-#include "app/systemclock.h"
-#include "stores/vbval.h"
+#include "station/scriptedui.h"
+#include "station/station.h"
+#include "station/systemclock.h"
+#include "station/vbval.h"
+#include "stores/settingsstore.h"
 
 #include <benchmark/benchmark.h>
 #include <filesystem>
@@ -43,7 +43,7 @@ void LoadSettings(benchmark::State& state) {
 BENCHMARK(LoadSettings)->Unit(benchmark::kMicrosecond);
 
 void Val(benchmark::State& state) {
-    for (auto _ : state) benchmark::DoNotOptimize(orvane::stores::vbval("  0012.5e1 km"));
+    for (auto _ : state) benchmark::DoNotOptimize(orvane::vbval("  0012.5e1 km"));
 }
 BENCHMARK(Val);
 

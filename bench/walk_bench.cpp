@@ -1,10 +1,10 @@
 // The walk of a large recording beside a plain read of the same file and a walk that builds the
 // hexadecimal text of every record and reads its fields from the text.
-#include "app/scriptedui.h"
-#include "app/station.h"
-#include "app/systemclock.h"
 #include "recording/hex.h"
 #include "recording/walk.h"
+#include "station/scriptedui.h"
+#include "station/station.h"
+#include "station/systemclock.h"
 
 #include <array>
 #include <benchmark/benchmark.h>

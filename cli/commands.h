@@ -38,8 +38,9 @@ class ActionError : public std::invalid_argument {
     using std::invalid_argument::invalid_argument;
 };
 
-// One action as a user performs it on Form28: press, tick, enter, scroll, mouse, row.
-void runaction(Station& st, const std::string& action);
+// One action as a user performs it: press, tick, enter, set, scroll, mouse, row, dblclick, select,
+// close. False when it closed the main window, which ends the actions.
+bool runaction(Station& st, const std::string& action);
 // The messages shown and the state of the replay after the actions.
 std::string statejson(Station& st, const std::vector<std::string>& messages);
 

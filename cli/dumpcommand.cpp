@@ -1,6 +1,6 @@
-#include "app/station.h"
 #include "commands.h"
 #include "json.h"
+#include "station/station.h"
 
 #include <type_traits>
 

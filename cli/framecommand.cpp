@@ -1,9 +1,9 @@
 // orvane-cli frame: one picture of the main side as operations or as a PNG.
-#include "app/recordingcanvas.h"
-#include "app/station.h"
 #include "commands.h"
 #include "json.h"
 #include "render/rastercanvas.h"
+#include "station/recordingcanvas.h"
+#include "station/station.h"
 
 #include <cmath>
 

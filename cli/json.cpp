@@ -1,6 +1,6 @@
 #include "json.h"
 
-#include "app/numbers.h"
+#include "station/numbers.h"
 
 #include <cmath>
 #include <cstdio>

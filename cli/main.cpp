@@ -1,16 +1,15 @@
 // orvane-cli: the station's logic without a window, for batch work and end-to-end checks.
-#include "app/controls.h"
-#include "app/recordingcanvas.h"
-#include "app/scriptedui.h"
-#include "app/settings.h"
 #include "app/startup.h"
-#include "app/station.h"
-#include "app/systemclock.h"
 #include "bmode/bmode.h"
 #include "commands.h"
 #include "replay/bofang.h"
 #include "replay/transport.h"
 #include "replay/viewmap.h"
+#include "station/recordingcanvas.h"
+#include "station/scriptedui.h"
+#include "station/station.h"
+#include "station/systemclock.h"
+#include "stores/settingsstore.h"
 #include "stores/stationfolder.h"
 
 #include <QGuiApplication>
@@ -143,26 +142,38 @@ int writeoutput(const Arguments& a, const std::string& text) {
 }
 
 // The --set changes, in the order given, each as the user's change of that control; nullopt when all
-// went through, else the exit status.
+// went through, else the exit status. A settings row changed takes effect as after a restart of the
+// station: scale, background, map and steps anew.
 std::optional<int> applysets(orvane::Station& st, const Arguments& args) {
+    bool restarted = false;
     for (const auto& [name, value] : args.sets) {
         try {
-            if (name.find('.') != std::string::npos)
+            // "row.field" of table color, unless a window has a control "Form.Name" of that name.
+            if (name.find('.') != std::string::npos && !st.controls.find(name)) {
                 orvane::setsetting(st, name, value);
-            else
+                restarted = true;
+            } else {
                 orvane::setcontrol(st, name, value);
-        } catch (const orvane::ControlError& e) {
+            }
+        } catch (const std::invalid_argument& e) {
             return badarguments(e.what());
         } catch (const std::exception& e) {
             return failed(e.what());
         }
+    }
+    if (restarted && st.zhu.samplecount > 0) {
+        orvane::layout(st);
+        orvane::background(st);
+        orvane::rebuildmap(st, st.zhu);
+        orvane::setreplayspeed(st);
+        if (st.settings.viewspan == 600) orvane::capexpanded(st);
     }
     return std::nullopt;
 }
 
 // Loads the recording as the window's first activation does and sets the controls. frame puts the
 // view at the view index asked for and draws the picture once; run performs the actions and prints
-// the state they leave.
+// the state they leave, also on a recording without samples, whose window refuses most acts.
 int frame(orvane::Station& st, orvane::ScriptedUi& ui, const Arguments& args) {
     const std::string& file = args.positional[0];
     orvane::RecordingCanvas canvas;
@@ -171,21 +182,19 @@ int frame(orvane::Station& st, orvane::ScriptedUi& ui, const Arguments& args) {
     if (st.process.ended)
         return failed(ui.messages.empty() ? file + " cannot be opened" : ui.messages.back());
     orvane::windowactivate(st);
-    if (st.zhu.samplecount == 0) return failed(file + ": " + orvane::nodatamessage);
+    const bool nodata = st.zhu.samplecount == 0;
+    if (nodata && args.command != "run") return failed(file + ": " + orvane::nodatamessage);
     if (auto status = applysets(st, args)) return *status;
-    // A display option set above takes effect as its control would make it: scale, background and map.
-    orvane::layout(st);
-    orvane::background(st);
-    orvane::rebuildmap(st, st.zhu);
-    orvane::setreplayspeed(st);
     std::string output;
     if (args.command == "run") {
-        orvane::bofang(st);
+        if (!nodata) orvane::bofang(st);
         for (const std::string& action : args.actions) {
             try {
-                orvane::cli::runaction(st, action);
+                if (!orvane::cli::runaction(st, action)) break;
             } catch (const std::invalid_argument& e) {
                 return badarguments(e.what());
+            } catch (const std::exception& e) {
+                return failed(e.what());
             }
         }
         output = orvane::cli::statejson(st, ui.messages);

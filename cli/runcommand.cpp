@@ -1,8 +1,10 @@
-// orvane-cli run: the user's actions on Form28, in order, and the state they leave.
-#include "app/actions.h"
-#include "app/station.h"
+// orvane-cli run: the user's actions, in order, through the table of controls, and the state they
+// leave.
+#include "app/startup.h"
 #include "commands.h"
 #include "json.h"
+#include "replay/transport.h"
+#include "station/station.h"
 
 #include <stdexcept>
 
@@ -29,23 +31,56 @@ int number(const std::string& text, const std::string& action) {
     throw ActionError("not a number in " + action);
 }
 
+double real(const std::string& text, const std::string& action) {
+    std::size_t used = 0;
+    try {
+        const double v = std::stod(text, &used);
+        if (used == text.size()) return v;
+    } catch (const std::exception&) {
+    }
+    throw ActionError("not a number in " + action);
+}
+
+// Everything of ACTION behind its kind and name: a text may hold colons of its own.
+std::string rest(const std::string& action, const std::vector<std::string>& p) {
+    return action.substr(p[0].size() + p[1].size() + 2);
+}
+
 } // namespace
 
-void runaction(Station& st, const std::string& action) {
+bool runaction(Station& st, const std::string& action) {
     const std::vector<std::string> p = split(action);
     const std::string& kind = p[0];
-    if (kind == "press" && (p.size() == 2 || p.size() == 3))
-        return press(st, p[1], p.size() == 3 ? p[2] : "");
-    if (kind == "tick" && p.size() == 2) return tick(st, number(p[1], action));
-    if (kind == "enter" && p.size() >= 3)
-        return enter(st, p[1], action.substr(kind.size() + p[1].size() + 2));
-    if (kind == "scroll" && p.size() == 3) return scroll(st, p[1], number(p[2], action));
-    if (kind == "mouse" && p.size() == 6) {
-        if (p[2] == "down") picturedown(st, p[1], p[3], number(p[4], action));
-        return;
+    if (kind == "press" && (p.size() == 2 || p.size() == 3)) {
+        press(st, p[1], p.size() == 3 ? p[2] : "");
+    } else if (kind == "tick" && p.size() == 2) {
+        for (int n = number(p[1], action); n > 0; --n)
+            if (st.T1) replaytick(st);
+    } else if (kind == "enter" && p.size() >= 3) {
+        enter(st, p[1], rest(action, p));
+    } else if (kind == "set" && p.size() >= 3) {
+        setcontrol(st, p[1], rest(action, p));
+    } else if (kind == "scroll" && p.size() == 3) {
+        scroll(st, p[1], number(p[2], action));
+    } else if (kind == "mouse" && p.size() == 6) {
+        mouse(st, p[1], {p[2], p[3], real(p[4], action), real(p[5], action)});
+    } else if (kind == "row" && p.size() == 3) {
+        clickrow(st, p[1], number(p[2], action));
+    } else if (kind == "dblclick" && (p.size() == 2 || p.size() == 3)) {
+        dblclick(st, p[1], p.size() == 3 ? number(p[2], action) : -1);
+    } else if (kind == "select" && p.size() >= 3) {
+        select(st, p[1], rest(action, p));
+    } else if (kind == "close" && p.size() == 2) {
+        if (p[1] != "Form28") {
+            closeform(st, p[1]);
+        } else {
+            windowunload(st);
+            return false; // the main window closed: the actions end
+        }
+    } else {
+        throw ActionError("unknown action " + action);
     }
-    if (kind == "row" && p.size() == 3) throw ActionError("no list to click: " + p[1]);
-    throw ActionError("unknown action " + action);
+    return true;
 }
 
 namespace {
@@ -69,6 +104,39 @@ void sidestate(Json& j, const Side& s, const std::string& suffix) {
         .endobject();
     j.key("pinkongval" + suffix).beginarray();
     for (auto w : s.pinkongval) j.value(static_cast<std::int64_t>(w));
+    j.endarray();
+}
+
+// Every control of the open windows with what it shows, under its name.
+void controlsstate(Json& j, const Station& st) {
+    j.key("controls").beginobject();
+    for (const Control& c : st.controls.all()) {
+        if (c.kind == ControlKind::grid || !st.controls.isopen(st, ControlTable::formof(c.name))) continue;
+        j.key(c.name).beginobject();
+        const std::string caption = controlcaption(st, c);
+        if (!caption.empty() || c.caption) j.key("caption").value(caption);
+        if (c.textof) j.key("text").value(c.textof(st));
+        if (c.value) j.key("value").value(c.value(st));
+        j.key("enabled").value(c.isenabled(st));
+        j.key("visible").value(c.isvisible(st));
+        j.endobject();
+    }
+    j.endobject();
+    j.key("grids").beginobject();
+    for (const Control& c : st.controls.all()) {
+        if (c.kind != ControlKind::grid || !c.cells || !st.controls.isopen(st, ControlTable::formof(c.name)))
+            continue;
+        j.key(c.name).beginarray();
+        for (const auto& row : c.cells(st)) {
+            j.beginarray();
+            for (const auto& cell : row) j.value(cell);
+            j.endarray();
+        }
+        j.endarray();
+    }
+    j.endobject();
+    j.key("open").beginarray();
+    for (const std::string& form : openforms(st)) j.value(form);
     j.endarray();
 }
 
@@ -97,6 +165,7 @@ std::string statejson(Station& st, const std::vector<std::string>& messages) {
     j.key("labels").beginobject();
     for (const auto& [name, text] : st.form.labels) j.key(name).value(text);
     j.endobject();
+    controlsstate(j, st);
     j.endobject();
     j.endobject();
     return j.text();

@@ -1,8 +1,8 @@
 #include "commands.h"
 
-#include "app/settings.h"
-#include "app/station.h"
 #include "json.h"
+#include "station/station.h"
+#include "stores/settingsstore.h"
 
 namespace orvane::cli {
 

@@ -2,8 +2,8 @@
 #include "app/dialogwindow.h"
 #include "app/form28window.h"
 #include "app/startup.h"
-#include "app/station.h"
-#include "app/systemclock.h"
+#include "station/station.h"
+#include "station/systemclock.h"
 #include "stores/stationfolder.h"
 
 #include <QApplication>

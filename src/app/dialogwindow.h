@@ -1,6 +1,6 @@
 #pragma once
 // The Ui port with Qt dialogs, and the bar pb1 of the main window during a walk.
-#include "app/ports.h"
+#include "station/ports.h"
 
 #include <functional>
 

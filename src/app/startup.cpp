@@ -1,13 +1,19 @@
 #include "app/startup.h"
 
-#include "app/settings.h"
-#include "app/station.h"
-#include "app/text.h"
+#include "stores/settingsstore.h"
+
 #include "bmode/bmode.h"
+#include "bmode/controls.h"
+#include "processing/controls.h"
+#include "recording/controls.h"
 #include "recording/panels.h"
 #include "recording/walk.h"
 #include "replay/bofang.h"
+#include "replay/controls.h"
 #include "replay/transport.h"
+#include "reports/controls.h"
+#include "station/station.h"
+#include "station/text.h"
 #include "stores/stationfolder.h"
 
 #include <cctype>
@@ -73,9 +79,9 @@ void loadfilterboxes(Station& st) {
         DbValue v = st.colordb->scalar(std::string("select ") + field + " from color where weizhi= 'guolv'");
         if (v.number() != 0) {
             st.form.filtertext[channel] = v.astext();
-            st.form.filterchecked[channel] = true;
-        } else {
-            st.form.filterchecked[channel] = false;
+            if (!st.form.filterchecked[channel]) tickfilter(st, channel);
+        } else if (st.form.filterchecked[channel]) {
+            tickfilter(st, channel); // unticked, as a click unticks it: the box reads 0 and rests
         }
     }
 }
@@ -135,7 +141,18 @@ int countthisprogram() {
     return ec ? 1 : countprocesses(self.string());
 }
 
+void assemble(Station& st) {
+    if (!st.controls.all().empty()) return;
+    registerstores(st);
+    registerrecording(st);
+    registerbmode(st);
+    registerreplay(st);
+    registerprocessing(st);
+    registerreports(st);
+}
+
 void entry(Station& st, const std::string& folder, const std::string& language) {
+    assemble(st);
     st.language = language;
     st.displaymode = "zuhe";
     st.buildvariant = "haerbin";
@@ -232,11 +249,15 @@ void windowactivate(Station& st) {
 
     st.form.lts1visible = false;
     st.form.pb1visible = false;
+    st.form.Text3visible = false;
     st.form.mainviewenabled = true;
+    // The controls from the settings: the speed bar gives the step, and the expanded view, when in
+    // force, caps the steps as its choice does.
+    setreplayspeed(st);
+    if (st.settings.viewspan == 600) capexpanded(st);
     loadfilterboxes(st);
 
     // The first picture, or the newest note of an earlier analysis.
-    setreplayspeed(st);
     st.zhu.viewindex = 600;
     yybscs(st);
     bofang(st);

@@ -10,6 +10,9 @@ struct Station;
 inline constexpr const char* secondinstancequestion = "播放程序已经处于运行中，确实要打开吗？";
 inline constexpr const char* nodatamessage = "没有数据！";
 
+// Every subsystem registers its controls and hooks in the station, once.
+void assemble(Station& st);
+
 // Process start: the fixed mode strings, the station folder and its three databases, the settings.
 // Throws std::runtime_error with a message naming the path or key when the station cannot start.
 void entry(Station& st, const std::string& folder, const std::string& language = "china");

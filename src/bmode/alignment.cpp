@@ -1,27 +1,33 @@
 #include "bmode/alignment.h"
 
-#include "app/ports.h"
-#include "app/station.h"
-#include "replay/bofang.h"
+#include "station/ports.h"
+#include "station/station.h"
 
 #include <algorithm>
 
 namespace orvane {
 
-void openalignment(Station& st) {
+Side& alignedside(Station& st) {
+    return st.alignment.comparison ? st.cong : st.zhu;
+}
+
+void openalignment(Station& st, bool comparison) {
     if (st.alignment.open) return;
     st.alignment.open = true;
-    std::copy_n(st.zhu.pinkongval.begin(), 8, st.alignment.pinkongbase.begin());
+    st.alignment.comparison = comparison;
+    Side& side = alignedside(st);
+    std::copy_n(side.pinkongval.begin(), 8, side.pinkongbase.begin());
     st.alignment.savedstep = st.replaystep;
     st.replaystep = 0;
     st.T1 = true;
-    st.playside = "zhu";
+    st.playside = comparison ? "cong" : "zhu";
 }
 
 void movealignment(Station& st, int channel, int value) {
     if (!st.alignment.open || channel < 0 || channel > 7) return;
     value = std::clamp(value, -200, 200);
-    st.zhu.pinkongval[channel] = static_cast<std::int16_t>(st.alignment.pinkongbase[channel] + value);
+    Side& side = alignedside(st);
+    side.pinkongval[channel] = static_cast<std::int16_t>(side.pinkongbase[channel] + value);
 }
 
 void alignmentmode(Station& st, bool exact) {
@@ -36,8 +42,12 @@ void alignmentmode(Station& st, bool exact) {
     closealignment(st);
 }
 
+bool alignmentstores(const Station& st) {
+    return st.language != "english" && st.playside != "cong";
+}
+
 void savealignment(Station& st) {
-    if (st.language == "english") return; // only tried, never stored, in English
+    if (!alignmentstores(st)) return;
     Db& db = *st.gpsxdb;
     if (db.scalar("select count(*) from pinkong where jqbh=?", {st.machineno}).number() == 0)
         db.exec("insert into pinkong(jqbh) values(?)", {st.machineno});
@@ -48,7 +58,7 @@ void savealignment(Station& st) {
 }
 
 void deletealignment(Station& st) {
-    if (st.language == "english") return;
+    if (!alignmentstores(st)) return;
     st.gpsxdb->exec("delete from pinkong where jqbh=?", {st.machineno});
 }
 
@@ -58,7 +68,7 @@ void closealignment(Station& st) {
     st.replaystep = st.alignment.savedstep;
     st.T1 = false;
     st.pinkonghit = 1;
-    bofang(st);
+    st.hooks.bofang(st, alignedside(st));
     st.form.captions["Command8"] = st.language == "english" ? "Play" : "连续播放";
 }
 

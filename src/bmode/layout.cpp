@@ -1,7 +1,7 @@
 // The scale of the B-mode picture and its background layer.
-#include "app/canvas.h"
-#include "app/station.h"
 #include "bmode/bmode.h"
+#include "station/canvas.h"
+#include "station/station.h"
 
 #include <algorithm>
 

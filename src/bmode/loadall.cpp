@@ -1,9 +1,9 @@
 // One screenful of a recording: the main side on Picture1 and its relatives, the comparison side
 // on Picture6, the A-mode replay's repaint and the enlargement on Picture9.
-#include "app/canvas.h"
-#include "app/numbers.h"
-#include "app/station.h"
 #include "bmode/bmode.h"
+#include "station/canvas.h"
+#include "station/numbers.h"
+#include "station/station.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 // Reading back what an earlier analysis appended to a copy of a recording.
-#include "app/station.h"
 #include "recording/decoders.h"
 #include "recording/hex.h"
+#include "station/station.h"
 
 #include <iconv.h>
 

@@ -1,6 +1,6 @@
-#include "app/station.h"
 #include "recording/decoders.h"
 #include "recording/hex.h"
+#include "station/station.h"
 
 #include <cmath>
 

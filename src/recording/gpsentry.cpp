@@ -1,7 +1,7 @@
 // A GPS entry on the panels: integral values and their levels, battery voltage, longitude and latitude.
-#include "app/station.h"
 #include "recording/hex.h"
 #include "recording/panels.h"
+#include "station/station.h"
 
 namespace orvane {
 

@@ -1,10 +1,10 @@
 // The job record in force in Grid2, and the job summary of the main recording after a load.
-#include "app/numbers.h"
-#include "app/station.h"
-#include "app/text.h"
 #include "recording/hex.h"
 #include "recording/panels.h"
-#include "stores/vbval.h"
+#include "station/numbers.h"
+#include "station/station.h"
+#include "station/text.h"
+#include "station/vbval.h"
 
 #include <cmath>
 
@@ -41,8 +41,7 @@ const std::string& lastjob(const Side& side) {
 
 // Minutes of the day of a sample clock "hhmmss…".
 long clockminutes(const std::string& clock) {
-    return static_cast<long>(stores::vbval(mid(clock, 1, 2))) * 60 +
-           static_cast<long>(stores::vbval(mid(clock, 3, 2)));
+    return static_cast<long>(vbval(mid(clock, 1, 2))) * 60 + static_cast<long>(vbval(mid(clock, 3, 2)));
 }
 
 // The kilometre of a sample clock as "kkkk公里mmm米".
@@ -138,18 +137,18 @@ void applyjob(Station& st, Side& side, std::int32_t index, bool timecolumn) {
         const char ch = static_cast<char>(imagebyte(image, 55 + i));
         operatortext += ch == 'O' || ch == ' ' ? '0' : ch;
     }
-    const double operatorno = toint16(stores::vbval(operatortext)).value_or(0);
+    const double operatorno = toint16(vbval(operatortext)).value_or(0);
     setcell(side.Grid2, 1, 1, lookup(st.gpsxdb.get(), "gzryb", "xm", operatorno).value_or(operatortext));
 
     setcell(side.Grid2, 1, 2, directiontext(imagebyte(image, 58), english));
     const bool leftrail = imagebyte(image, 59) == 0x4C;
     setcell(side.Grid2, 1, 3, english ? (leftrail ? "left" : "right") : (leftrail ? "左股" : "右股"));
 
-    const double linecode = stores::vbval(c(210) + c(212));
+    const double linecode = vbval(c(210) + c(212));
     setcell(side.Grid2, 1, 4, lookup(st.gpsxdb.get(), "zyqjb", "mc", linecode).value_or(""));
     setcell(side.Grid2, 1, 5, c(214) + c(216) + c(218));
     setcell(side.Grid2, 1, 6, c(220) + c(222) + c(224));
-    const double linename = stores::vbval(c(226) + c(228) + c(230));
+    const double linename = vbval(c(226) + c(228) + c(230));
     setcell(side.Grid2, 1, 7, lookup(st.gpsxdb.get(), "zyqjb", "mc", linename).value_or(""));
 
     if (!side.main) return;
@@ -177,10 +176,10 @@ void jobsummary(Station& st) {
     const Span span = jobspan(side, side.gpscount);
     loadpinkong(st);
 
-    const long starthour = static_cast<long>(stores::vbval(mid(span.starttime, 1, 2)));
-    const long startminute = static_cast<long>(stores::vbval(mid(span.starttime, 3, 2)));
-    const long endhour = static_cast<long>(stores::vbval(mid(span.endtime, 1, 2)));
-    const long endminute = static_cast<long>(stores::vbval(mid(span.endtime, 3, 2)));
+    const long starthour = static_cast<long>(vbval(mid(span.starttime, 1, 2)));
+    const long startminute = static_cast<long>(vbval(mid(span.starttime, 3, 2)));
+    const long endhour = static_cast<long>(vbval(mid(span.endtime, 1, 2)));
+    const long endminute = static_cast<long>(vbval(mid(span.endtime, 3, 2)));
     const long minutes = ((endhour - starthour + 24) % 24) * 60 + (endminute - startminute);
     labels["Lqssj"] = mid(span.starttime, 1, 2) + "时" + mid(span.starttime, 3, 2) + "分";
     labels["Ljssj"] = mid(span.endtime, 1, 2) + "时" + mid(span.endtime, 3, 2) + "分";

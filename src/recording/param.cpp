@@ -1,8 +1,8 @@
 // The parameter record in force, shown in Grid1 and Grid3 and applied to the side.
-#include "app/numbers.h"
-#include "app/station.h"
 #include "recording/hex.h"
 #include "recording/panels.h"
+#include "station/numbers.h"
+#include "station/station.h"
 
 #include <array>
 

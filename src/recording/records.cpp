@@ -1,7 +1,7 @@
 // The records kept whole: parameters, job records and restarts.
-#include "app/station.h"
 #include "recording/decoders.h"
 #include "recording/hex.h"
+#include "station/station.h"
 
 namespace orvane {
 

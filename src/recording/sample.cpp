@@ -1,7 +1,7 @@
-#include "app/station.h"
 #include "recording/decoders.h"
 #include "recording/hex.h"
-#include "stores/vbval.h"
+#include "station/station.h"
+#include "station/vbval.h"
 
 namespace orvane {
 
@@ -9,7 +9,7 @@ namespace {
 
 // Speed of a sample in km/h from its two BCD digits of 0.1 km/h; a letter ends the number.
 float samplespeedof(const Station& st, const std::string& digits) {
-    float speed = static_cast<float>(stores::vbval(digits) * 0.1);
+    float speed = static_cast<float>(vbval(digits) * 0.1);
     if (st.buildvariant != "haerbin") {
         speed = static_cast<float>(speed * 0.7);
         if (speed >= 2.0f) speed = static_cast<float>(speed / 1.6);
@@ -48,7 +48,7 @@ void decodesample(Station& st, Side& side, const std::uint8_t* record) {
             if (side.main) side.speedhex[n] = text.substr(14, 2);
             side.sampleclock[n] = text.substr(0, 14);
             side.mileage[position][0] =
-                static_cast<float>(stores::vbval(text.substr(6, 4) + "." + text.substr(10, 3)));
+                static_cast<float>(vbval(text.substr(6, 4) + "." + text.substr(10, 3)));
             ++side.samplecount;
         } else if (entry[0] == 0x47) {
             if (side.samplecount == 0) return;

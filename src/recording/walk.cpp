@@ -1,11 +1,10 @@
 #include "recording/walk.h"
 
-#include "app/numbers.h"
-#include "app/station.h"
 #include "recording/decoders.h"
 #include "recording/hex.h"
 #include "recording/zaodibo.h"
-#include "replay/viewmap.h"
+#include "station/numbers.h"
+#include "station/station.h"
 
 #include <cmath>
 #include <cstring>
@@ -202,7 +201,7 @@ void walkfile(Station& st, Side& side) {
 
     zaodibo(st, side);
     side.scrollmax = scrollmaximum(side.lastposition);
-    rebuildmap(st, side);
+    st.hooks.rebuildmap(st, side);
     side.quarterindex[0] = 0;
     side.quarterlast = (side.quartercount + 3) / 4;
     side.quarterindex[side.quarterlast] = side.lastposition + 500;

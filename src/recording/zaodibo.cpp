@@ -1,9 +1,9 @@
 #include "recording/zaodibo.h"
 
-#include "app/numbers.h"
-#include "app/station.h"
 #include "recording/decoders.h"
 #include "recording/hex.h"
+#include "station/numbers.h"
+#include "station/station.h"
 
 #include <algorithm>
 

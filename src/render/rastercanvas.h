@@ -1,6 +1,6 @@
 #pragma once
 // A canvas painted into an image: one canvas unit a pixel across, the height by the scale.
-#include "app/canvas.h"
+#include "station/canvas.h"
 
 #include <QImage>
 

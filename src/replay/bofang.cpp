@@ -2,13 +2,13 @@
 
 #include "replay/transport.h"
 
-#include "app/canvas.h"
-#include "app/numbers.h"
-#include "app/station.h"
 #include "bmode/bmode.h"
 #include "recording/hex.h"
 #include "recording/panels.h"
-#include "stores/vbval.h"
+#include "station/canvas.h"
+#include "station/numbers.h"
+#include "station/station.h"
+#include "station/vbval.h"
 
 namespace orvane {
 
@@ -46,7 +46,7 @@ void analysisnote(Station& st, std::int32_t position, double x, double y) {
     for (std::int32_t n = st.analysiscount + st.newpoints - 1; n >= 0; --n) {
         if (n >= static_cast<std::int32_t>(st.analysispos.size()) || st.analysispos[n] != position) continue;
         const std::string& note = st.analysislist[n];
-        const int entry = static_cast<int>(stores::vbval(mid(note, 2, 1)));
+        const int entry = static_cast<int>(vbval(mid(note, 2, 1)));
         if (entry < 1 || entry > 8) return;
         Canvas& c = *st.picture1;
         c.currentx = x;
@@ -98,7 +98,7 @@ void positionlabels(Station& st, Side& side) {
         if (i < 0 || gap < 0) continue;
         const double t = viewspan - (side.samplepos[i] - here) + static_cast<double>(gap);
         const std::string& clock = side.sampleclock[i];
-        const bool labelled = stores::vbval(mid(clock, 7, 8)) > 0 || here > 2000;
+        const bool labelled = vbval(mid(clock, 7, 8)) > 0 || here > 2000;
         if (labelled && lasttick - t > 100) {
             c->currentx = t;
             c->currenty = y;

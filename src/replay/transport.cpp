@@ -1,12 +1,12 @@
 #include "replay/transport.h"
 
-#include "app/canvas.h"
-#include "app/numbers.h"
-#include "app/station.h"
 #include "recording/hex.h"
 #include "replay/bofang.h"
 #include "replay/viewmap.h"
-#include "stores/vbval.h"
+#include "station/canvas.h"
+#include "station/numbers.h"
+#include "station/station.h"
+#include "station/vbval.h"
 
 #include <cmath>
 #include <limits>
@@ -41,6 +41,12 @@ bool comparisonfollows(const Station& st) {
     return st.form.comparisonvisible && !st.asynchronous;
 }
 
+// Whether the view passed the end of its bar: viewindex / 300 as a real number above the maximum, so
+// that a view inside the last 300 view indices past the maximum counts as past it.
+bool pastbar(const Side& s) {
+    return s.viewindex / 300.0 > s.scrollmax;
+}
+
 } // namespace
 
 bool replaying(const Station& st) {
@@ -60,6 +66,29 @@ void setreplayspeed(Station& st) {
     st.replaystep = static_cast<std::int16_t>(steps[value - 1]);
     if (value == 9 && st.settings.viewspan == 600) st.replaystep = 400; // Option8 "扩展"
     st.T1interval = value <= 5 ? 15 : 500;
+}
+
+void capexpanded(Station& st) {
+    st.replaystep = std::min<std::int16_t>(st.replaystep, 400);
+    st.settings.manualstep = std::min<std::int16_t>(st.settings.manualstep, 400);
+}
+
+void picturedown(Station& st, Side& s, const std::string& button, double x) {
+    st.playside = s.main ? "zhu" : "cong";
+    st.pointerx = x;
+    if (button == "left") {
+        // The first click on a running replay only pauses it.
+        if (replaying(st)) pressplay(st);
+        st.T1 = false;
+        return;
+    }
+    if (button != "right") return;
+    if (st.language != "english") {
+        st.form.popup = "a13";
+        return;
+    }
+    st.form.captions["Command8"] = "连续播放";
+    pressplay(st); // in English the right button starts the replay
 }
 
 void pressplay(Station& st) {
@@ -91,7 +120,7 @@ bool tickmain(Station& st) {
         return false;
     }
     s.viewindex += st.direction * st.replaystep;
-    if (s.viewindex / 300 > s.scrollmax) {
+    if (pastbar(s)) {
         s.viewindex = s.scrollmax * 300;
         bofang(st);
         message(st, atend);
@@ -119,7 +148,7 @@ void tickcomparison(Station& st) {
         return;
     }
     s.viewindex += st.direction * st.replaystep;
-    if (s.viewindex / 300 > s.scrollmax) {
+    if (s.viewindex / 300.0 >= s.scrollmax) { // the comparison ends at the bar's maximum already
         st.T1 = false;
         s.viewindex = s.scrollmax * 300;
         bofangdb(st);
@@ -143,7 +172,7 @@ namespace {
 // A hand step forward of SIDE, to the end of its bar at most.
 void stepon(Station& st, Side& s, Said end) {
     s.viewindex = std::max(s.viewindex + st.settings.manualstep, 600);
-    if (s.viewindex / 300 > s.scrollmax) {
+    if (pastbar(s)) {
         s.viewindex = s.scrollmax * 300;
         bofang(st, s);
         message(st, end);
@@ -216,7 +245,7 @@ std::int64_t nearestkilometre(const Side& s, double target) {
 void seekkilometre(Station& st) {
     Side& s = st.zhu;
     if (st.T1) pressplay(st);
-    const double target = stores::vbval(st.Text1) * 1000;
+    const double target = vbval(st.Text1) * 1000;
     st.seekcount = 0;
     const std::int64_t last = static_cast<std::int64_t>(s.lastposition) - 400;
     for (std::int64_t k = 800; k <= last && st.seekcount < 100; ++k) {
@@ -247,7 +276,7 @@ void nextseekhit(Station& st) {
 void seekkilometredb(Station& st) {
     if (st.T1) pressplay(st);
     Side& s = st.cong;
-    const std::int64_t at = nearestkilometre(s, stores::vbval(st.Text2) * 1000);
+    const std::int64_t at = nearestkilometre(s, vbval(st.Text2) * 1000);
     if (at < 0) return;
     s.viewindex = static_cast<std::int32_t>(at);
     settle(st, s);

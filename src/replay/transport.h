@@ -3,6 +3,8 @@
 // two markers of a stretch. Every move ends in bofang, or bofangdb on the comparison side; in step
 // both sides move together, out of step only the side with the focus.
 
+#include <string>
+
 namespace orvane {
 
 struct Station;
@@ -15,6 +17,12 @@ void settle(Station& st, Side& side);
 
 // The view indices per tick and the timer interval of the speed bar HScroll8 (bofsd 1 to 9).
 void setreplayspeed(Station& st);
+// Option8 "扩展" chosen, or in force at the start: the replay step and the hand step at most 400.
+void capexpanded(Station& st);
+// A press of BUTTON ("left", "right") at X on the picture of SIDE: the side takes the focus; a left
+// press pauses a running replay; a right press asks for the popup menu a13, or in English starts the
+// replay.
+void picturedown(Station& st, Side& side, const std::string& button, double x);
 // One tick of T1: the main side, then the comparison side while it is shown.
 void replaytick(Station& st);
 // Command8: starts or pauses continuous replay.

@@ -1,6 +1,6 @@
 #include "replay/viewmap.h"
 
-#include "app/station.h"
+#include "station/station.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -32,10 +32,6 @@ bool filled(const Side& side, std::int64_t position) {
 }
 
 } // namespace
-
-int scrollmaximum(std::int64_t length) {
-    return static_cast<int>(length / 300);
-}
 
 void jjfzjjsz(Station&, Side& side) {
     const auto [low, high] = std::minmax_element(side.pinkongval.begin(), side.pinkongval.end());

@@ -19,7 +19,4 @@ void jjfzjjsz(Station& st, Side& side);
 // The skip ahead of the clip state: a long empty stretch ahead of the view is jumped over.
 void fzjjsz(Station& st, Side& side);
 
-// The maximum of the replay scroll bar: 300 view indices a step.
-int scrollmaximum(std::int64_t length);
-
 } // namespace orvane

@@ -1,6 +1,6 @@
 #include "stores/sqlitedb.h"
 
-#include "stores/vbval.h"
+#include "station/vbval.h"
 
 #include <cmath>
 #include <cstdio>

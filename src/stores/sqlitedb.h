@@ -1,6 +1,6 @@
 #pragma once
 // A database of the station: one SQLite connection with the function val() registered.
-#include "app/ports.h"
+#include "station/ports.h"
 
 #include <stdexcept>
 #include <string>

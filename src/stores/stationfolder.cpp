@@ -1,6 +1,6 @@
 #include "stores/stationfolder.h"
 
-#include "app/station.h"
+#include "station/station.h"
 #include "stores/seedsql.h"
 #include "stores/sqlitedb.h"
 

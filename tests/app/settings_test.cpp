@@ -1,7 +1,7 @@
-#include "app/controls.h"
-#include "app/settings.h"
 #include "app/startup.h"
+#include "station/controls.h"
 #include "stationfixture.h"
+#include "stores/settingsstore.h"
 
 #include <gtest/gtest.h>
 
@@ -143,7 +143,7 @@ TEST_F(SettingsStore, OptionsChangeTheSettingsInForce) {
 
 TEST_F(SettingsStore, AnOptionAlreadyOnStaysAsItIs) {
     start();
-    EXPECT_TRUE(optionon(st, "Option4"));
+    EXPECT_EQ(reach(st, "Option4").value(st), 1);
     auto before = snapshot();
     setcontrol(st, "Option4", "1");
     setcontrol(st, "Option3", "0");

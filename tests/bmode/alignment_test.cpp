@@ -1,6 +1,6 @@
 // The alignment window of the main side's channels.
-#include "app/station.h"
 #include "bmode/alignment.h"
+#include "station/station.h"
 #include "viewfixture.h"
 
 #include <gtest/gtest.h>

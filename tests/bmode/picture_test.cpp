@@ -1,11 +1,11 @@
 // The B-mode picture and the view map, checked through the operations of a recording canvas.
-#include "app/recordingcanvas.h"
 #include "app/startup.h"
-#include "app/station.h"
 #include "bmode/bmode.h"
 #include "recording/panels.h"
 #include "replay/bofang.h"
 #include "replay/viewmap.h"
+#include "station/recordingcanvas.h"
+#include "station/station.h"
 #include "viewfixture.h"
 
 #include <cmath>

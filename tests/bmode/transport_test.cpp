@@ -1,8 +1,8 @@
 // The replay transport of the main view.
-#include "app/actions.h"
-#include "app/station.h"
 #include "replay/transport.h"
 #include "replay/viewmap.h"
+#include "station/controls.h"
+#include "station/station.h"
 #include "viewfixture.h"
 
 #include <gtest/gtest.h>

@@ -1,10 +1,10 @@
 // The controls around the picture: colours, the clearing of the markers, presses on the picture,
 // and the depth ruler.
-#include "app/actions.h"
-#include "app/settings.h"
-#include "app/station.h"
 #include "bmode/bmode.h"
 #include "replay/transport.h"
+#include "station/controls.h"
+#include "station/station.h"
+#include "stores/settingsstore.h"
 #include "viewfixture.h"
 
 #include <gtest/gtest.h>
@@ -83,7 +83,8 @@ TEST_F(ViewControls, LeftPressOnTheRunningReplayOnlyPausesIt) {
     st.form.captions["Command8"] = "连续播放";
     press(st, "Command8");
     ASSERT_TRUE(st.T1);
-    EXPECT_FALSE(picturedown(st, "Picture1", "left", 250));
+    mouse(st, "Picture1", {"down", "left", 250, 40});
+    EXPECT_EQ(st.form.popup, "");
     EXPECT_FALSE(st.T1);
     EXPECT_EQ(st.form.captions["Command8"], "连续播放");
     EXPECT_EQ(st.pointerx, 250);
@@ -91,18 +92,24 @@ TEST_F(ViewControls, LeftPressOnTheRunningReplayOnlyPausesIt) {
 }
 
 TEST_F(ViewControls, RightPressAsksForTheMenuOrInEnglishStartsTheReplay) {
-    EXPECT_TRUE(picturedown(st, "Picture1", "right", 100));
+    mouse(st, "Picture1", {"down", "right", 100, 40});
+    EXPECT_EQ(st.form.popup, "a13");
     EXPECT_FALSE(st.T1);
+    st.form.popup.clear();
     st.language = "english";
-    EXPECT_FALSE(picturedown(st, "Picture1", "right", 100));
+    mouse(st, "Picture1", {"down", "right", 100, 40});
+    EXPECT_EQ(st.form.popup, "");
     EXPECT_TRUE(st.T1);
     EXPECT_EQ(st.form.captions["Command8"], "Pause");
 }
 
 TEST_F(ViewControls, PressOnTheComparisonGivesItTheFocus) {
-    picturedown(st, "Picture6", "left", 10);
+    mouse(st, "Picture6", {"down", "left", 10, 40}); // no comparison shown: nothing to press
+    EXPECT_EQ(st.playside, "zhu");
+    preparecomparison(20000);
+    mouse(st, "Picture6", {"down", "left", 10, 40});
     EXPECT_EQ(st.playside, "cong");
-    EXPECT_THROW(picturedown(st, "Picture7", "left", 10), std::invalid_argument);
+    EXPECT_THROW(mouse(st, "Picture7", {"down", "left", 10, 40}), ControlError);
 }
 
 TEST_F(ViewControls, RulerStandsAtTheRightEdgeWithItsTicksAndLabels) {

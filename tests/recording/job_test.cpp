@@ -1,9 +1,9 @@
 // The job record in Grid2 and the job summary of a loaded recording.
-#include "app/ports.h"
 #include "app/startup.h"
 #include "ktrbuilder.h"
 #include "recording/hex.h"
 #include "recording/panels.h"
+#include "station/ports.h"
 #include "stationfixture.h"
 
 #include <gtest/gtest.h>

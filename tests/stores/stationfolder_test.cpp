@@ -1,6 +1,6 @@
-#include "app/settings.h"
 #include "app/startup.h"
 #include "stationfixture.h"
+#include "stores/settingsstore.h"
 #include "stores/sqlitedb.h"
 #include "stores/stationfolder.h"
 

@@ -1,9 +1,9 @@
+#include "station/vbval.h"
 #include "stationfixture.h"
-#include "stores/vbval.h"
 
 #include <gtest/gtest.h>
 
-using orvane::stores::vbval;
+using orvane::vbval;
 
 TEST(Val, LeadingBlanksAreSkipped) {
     EXPECT_EQ(vbval("   12"), 12);

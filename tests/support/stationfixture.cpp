@@ -31,6 +31,7 @@ TempFolder::~TempFolder() {
 }
 
 StationTest::StationTest() : home(temp.file("home")) {
+    assemble(st);
     st.ui = &ui;
     st.clock = &clock;
     st.countinstances = [] { return 1; };

@@ -1,7 +1,7 @@
 #pragma once
 // A station on a fresh station folder of its own, with a scripted Ui and a fixed clock.
-#include "app/scriptedui.h"
-#include "app/station.h"
+#include "station/scriptedui.h"
+#include "station/station.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>

@@ -18,6 +18,7 @@ void ViewTest::prepareview(std::int32_t last) {
     st.settings.viewspan = 1200;
     st.settings.wholefile = 1;
     st.settings.reverseshow = 1;
+    st.form.mainviewenabled = true; // a recording is loaded: the controls of the view take acts
     prepareside(s, last);
 }
 

@@ -2,7 +2,7 @@
 // A station with a main side of LAST positions ready for the replay: a recording canvas as
 // Picture1, a whole-file map of 1200 view indices a picture, every list sized as a walk leaves it.
 // A comparison of its own length can be shown below it on a second recording canvas.
-#include "app/recordingcanvas.h"
+#include "station/recordingcanvas.h"
 #include "stationfixture.h"
 
 namespace orvane::testkit {

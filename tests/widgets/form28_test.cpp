@@ -6,10 +6,10 @@
 
 #include "generator.h"
 
-#include "app/formpk2window.h"
-#include "app/settings.h"
-#include "bmode/pictureview.h"
+#include "app/pictureview.h"
+#include "bmode/formpk2window.h"
 #include "replay/bofang.h"
+#include "stores/settingsstore.h"
 
 #include <QAction>
 #include <QApplication>

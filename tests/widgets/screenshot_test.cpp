@@ -2,11 +2,11 @@
 // (folder artifacts of the build) for a person to look at, and checked for the shape of a rail.
 #include "app/dialogwindow.h"
 #include "app/form28window.h"
-#include "app/formpk2window.h"
+#include "app/pictureview.h"
 #include "app/startup.h"
-#include "app/station.h"
-#include "bmode/pictureview.h"
+#include "bmode/formpk2window.h"
 #include "replay/bofang.h"
+#include "station/station.h"
 #include "stationfixture.h"
 
 #include "generator.h"

@@ -1,4 +1,4 @@
-#include "app/systemclock.h"
+#include "station/systemclock.h"
 
 #include <chrono>
 

@@ -1,14 +1,11 @@
 #pragma once
-// The user's settings: table color of color.db, read once at start and written back at once by
-// every control that changes one.
+// The user's settings in force: the rows of table color as the start read them, kept in memory and
+// changed by every control that writes one.
 #include <array>
 #include <cstdint>
-#include <stdexcept>
 #include <string>
 
 namespace orvane {
-
-struct Station;
 
 // The colour keys in the order the start reads them; the channel colours A to I are acolor..icolor.
 inline constexpr std::array<const char*, 18> colorkeys = {
@@ -20,6 +17,9 @@ inline constexpr std::array<const char*, 18> colorkeys = {
 // The fields of a color row, in table order after weizhi.
 inline constexpr std::array<const char*, 9> colorfields = {"shuzhi", "shuzhibf", "apy", "bpy", "cpy",
                                                            "dpy",    "epy",      "fpy", "gpy"};
+
+// The index of a colour key in colorkeys; colorkeys.size() for a key that is none.
+std::size_t colorindex(const std::string& key);
 
 struct Settings {
     std::array<std::uint32_t, colorkeys.size()> colorset{}; // by the index of colorkeys
@@ -40,30 +40,12 @@ struct Settings {
     std::array<std::array<std::string, 2>, 38> biaojikcpair{}; // row 0 stays empty
 
     std::uint32_t color(const std::string& key) const;
+    // The setting in memory that a row and field of color feed; nullptr for one that none feeds.
+    std::int16_t* field(const std::string& key, const std::string& field);
+    const std::int16_t* field(const std::string& key, const std::string& name) const {
+        return const_cast<Settings*>(this)->field(key, name);
+    }
 };
-
-// A row or field of color that the start needs is missing or unreadable.
-class SettingsError : public std::runtime_error {
-  public:
-    using std::runtime_error::runtime_error;
-};
-
-// Reads every setting in the order of the table, with the start's corrections.
-void loadsettings(Station& st);
-
-// The one writer of every control: update color set <field>='<value>' where weizhi='<key>'.
-void writesetting(Station& st, const std::string& key, const std::string& field, const std::string& value);
-
-// One colour row written and put in force; a channel colour also in channelcolor.
-void setcolor(Station& st, const std::string& key, std::uint32_t value);
-// A colour control clicked: the colour dialog, then the chosen colour in force. False on cancel.
-bool choosecolor(Station& st, const std::string& key);
-
-// The colour presets: Command40 "纯黑" and Command41 "浅黄".
-void colorpreset(Station& st, int preset);
-
-// Command36 "设为默认": the nine filter texts into row guolv.
-void savefilterdefaults(Station& st);
 
 // Maps a colour to red + 256 * green + 65536 * blue.
 constexpr std::uint32_t rgb(int r, int g, int b) {

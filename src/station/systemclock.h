@@ -1,5 +1,5 @@
 #pragma once
-#include "app/ports.h"
+#include "station/ports.h"
 
 #include <random>
 

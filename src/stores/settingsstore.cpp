@@ -1,7 +1,7 @@
-#include "app/settings.h"
+#include "stores/settingsstore.h"
 
-#include "app/numbers.h"
-#include "app/station.h"
+#include "station/numbers.h"
+#include "station/station.h"
 
 #include <algorithm>
 
@@ -57,16 +57,7 @@ const Preset yellowpreset = {rgb(255, 255, 192),
                               rgb(0, 0, 0), rgb(255, 64, 255), rgb(0, 192, 0), rgb(0, 0, 255),
                               rgb(255, 0, 0)}};
 
-std::size_t colorindex(const std::string& key) {
-    return static_cast<std::size_t>(std::find(colorkeys.begin(), colorkeys.end(), key) - colorkeys.begin());
-}
-
 } // namespace
-
-std::uint32_t Settings::color(const std::string& key) const {
-    std::size_t i = colorindex(key);
-    return i < colorset.size() ? colorset[i] : 0;
-}
 
 void loadsettings(Station& st) {
     Settings s;
@@ -154,6 +145,54 @@ void savefilterdefaults(Station& st) {
     writesetting(st, "guolv", "shuzhi", st.form.filtertext[7]);
     writesetting(st, "guolv", "shuzhibf", st.form.filtertext[8]);
     for (std::size_t c = 0; c < 7; ++c) writesetting(st, "guolv", colorfields[2 + c], st.form.filtertext[c]);
+}
+
+void setsetting(Station& st, const std::string& rowfield, const std::string& value) {
+    auto dot = rowfield.find('.');
+    if (dot == std::string::npos) throw ControlError("设置应写作 行.字段：" + rowfield);
+    const std::string key = rowfield.substr(0, dot);
+    if (st.colordb->scalar("select count(*) from color where weizhi=?", {key}).number() == 0)
+        throw ControlError("设置表 color 没有行 " + key);
+    writesetting(st, key, rowfield.substr(dot + 1), value);
+    loadsettings(st);
+}
+
+Control settingoption(const std::string& name, const std::string& caption, const std::string& key,
+                      const std::string& field, std::int16_t value, std::function<void(Station&)> then) {
+    Control c = control(name, ControlKind::option, caption);
+    c.value = [key, field, value](const Station& st) {
+        return *st.settings.field(key, field) == value ? 1 : 0;
+    };
+    c.click = [name, key, field, value, then](Station& st, const std::string&) {
+        if (name == "Option6") // this one option writes its row with a number, not a text
+            st.colordb->exec("update color set bpy=0 where weizhi='shoudbjz'");
+        else
+            writesetting(st, key, field, std::to_string(value));
+        *st.settings.field(key, field) = value;
+        if (key == "zuhfj") st.displaymode = value == 2 ? "fenjie" : value == 3 ? "zhjz" : "zuhe";
+        if (then) then(st);
+    };
+    return c;
+}
+
+Control settingbar(const std::string& name, const std::string& key, const std::string& field, int min,
+                   int max, std::function<void(Station&)> then) {
+    Control c = control(name, ControlKind::scrollbar);
+    c.min = min;
+    c.max = max;
+    c.value = [key, field](const Station& st) { return static_cast<int>(*st.settings.field(key, field)); };
+    c.change = [key, field, then](Station& st, int value) {
+        writesetting(st, key, field, std::to_string(value));
+        *st.settings.field(key, field) = static_cast<std::int16_t>(value);
+        if (then) then(st);
+    };
+    return c;
+}
+
+void registerstores(Station& st) {
+    Control setdefault = control("Command36", ControlKind::button, "设为默认");
+    setdefault.click = [](Station& st, const std::string&) { savefilterdefaults(st); };
+    st.controls.add(setdefault);
 }
 
 } // namespace orvane

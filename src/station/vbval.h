@@ -1,7 +1,7 @@
 #pragma once
 #include <string_view>
 
-namespace orvane::stores {
+namespace orvane {
 
 // The number at the start of a text, read as Visual Basic's Val reads it: blanks, tabs and line
 // feeds are passed over wherever they stand, then the longest numeric prefix counts (sign, digits,
@@ -9,4 +9,4 @@ namespace orvane::stores {
 // A text without a number gives 0.
 double vbval(std::string_view text);
 
-} // namespace orvane::stores
+} // namespace orvane

@@ -1,7 +1,7 @@
-#include "app/ports.h"
+#include "station/ports.h"
 
-#include "app/numbers.h"
-#include "stores/vbval.h"
+#include "station/numbers.h"
+#include "station/vbval.h"
 
 namespace orvane {
 
@@ -12,7 +12,7 @@ double DbValue::number() const {
     case Kind::real:
         return real;
     case Kind::text:
-        return stores::vbval(text);
+        return vbval(text);
     case Kind::null:
         break;
     }

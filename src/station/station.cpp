@@ -1,4 +1,4 @@
-#include "app/station.h"
+#include "station/station.h"
 
 namespace orvane {
 
@@ -20,6 +20,13 @@ bool Side::growgrids(std::int64_t position) {
     mileage.reserverows(last, gridlast);
     gridrows = last + 1;
     return true;
+}
+
+Control formtext(const std::string& name, std::string Form28State::*field) {
+    Control c = control(name, ControlKind::textbox);
+    c.textof = [field](const Station& st) { return st.form.*field; };
+    c.text = [field](Station& st, const std::string& text) { st.form.*field = text; };
+    return c;
 }
 
 void setcell(Table& table, std::size_t row, std::size_t column, const std::string& text) {

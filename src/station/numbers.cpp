@@ -1,4 +1,4 @@
-#include "app/numbers.h"
+#include "station/numbers.h"
 
 #include <charconv>
 #include <cmath>

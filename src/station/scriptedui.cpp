@@ -1,6 +1,6 @@
-#include "app/scriptedui.h"
+#include "station/scriptedui.h"
 
-#include "stores/vbval.h"
+#include "station/vbval.h"
 
 namespace orvane {
 
@@ -35,7 +35,7 @@ std::optional<std::string> ScriptedUi::savefile(const std::string&, const std::s
 std::optional<std::uint32_t> ScriptedUi::pickcolor(std::uint32_t) {
     auto a = next();
     if (!a) return std::nullopt;
-    return static_cast<std::uint32_t>(stores::vbval(*a));
+    return static_cast<std::uint32_t>(vbval(*a));
 }
 
 } // namespace orvane

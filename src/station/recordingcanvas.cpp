@@ -1,4 +1,4 @@
-#include "app/recordingcanvas.h"
+#include "station/recordingcanvas.h"
 
 namespace orvane {
 

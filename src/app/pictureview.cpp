@@ -1,4 +1,4 @@
-#include "bmode/pictureview.h"
+#include "app/pictureview.h"
 
 #include "render/rastercanvas.h"
 

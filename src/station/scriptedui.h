@@ -1,7 +1,7 @@
 #pragma once
 // The Ui port without a screen: answers given up front, messages collected. Used by the headless
 // front and by the tests.
-#include "app/ports.h"
+#include "station/ports.h"
 
 #include <deque>
 

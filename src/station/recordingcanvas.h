@@ -1,7 +1,7 @@
 #pragma once
 // A canvas that keeps its draw operations in order instead of pixels: the headless front prints
 // them, and tests check the exact operations and coordinates of a picture.
-#include "app/canvas.h"
+#include "station/canvas.h"
 
 #include <vector>
 

@@ -1,4 +1,4 @@
-#include "stores/vbval.h"
+#include "station/vbval.h"
 
 #include <cctype>
 #include <cmath>
@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <string>
 
-namespace orvane::stores {
+namespace orvane {
 
 namespace {
 
@@ -76,4 +76,4 @@ double vbval(std::string_view text) {
     return std::isfinite(v) ? v : 0;
 }
 
-} // namespace orvane::stores
+} // namespace orvane

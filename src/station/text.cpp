@@ -1,4 +1,4 @@
-#include "app/text.h"
+#include "station/text.h"
 
 namespace orvane {
 

@@ -1,10 +1,11 @@
 #pragma once
 // The station: the two sides of the session, the shared scalars, the state of the main
 // window Form28, the settings in force and the ports to the outside world.
-#include "app/canvas.h"
-#include "app/grids.h"
-#include "app/ports.h"
-#include "app/settings.h"
+#include "station/canvas.h"
+#include "station/controls.h"
+#include "station/grids.h"
+#include "station/ports.h"
+#include "station/settings.h"
 
 #include <array>
 #include <cstdint>
@@ -70,6 +71,8 @@ struct Side {
     std::array<std::string, 9> channelkind{};
     std::array<std::int16_t, 9> channelscale{};
     std::array<std::int16_t, 9> pinkongval{};
+    // The words of channels A to H when the alignment window opened on this side.
+    std::array<std::int16_t, 8> pinkongbase{};
     std::int16_t foldvalue = 0;
     // Rail weight text "43", "50", "60" or "75" of the parameter record in force.
     std::string railcode;
@@ -174,7 +177,16 @@ struct Form28State {
     bool accenabled = false;   // saving the stretch once both are set
     // The filter boxes Ttda..Ttdi (channels A..I) and their check boxes Check9..Check15, Check18, Check19.
     std::array<std::string, 9> filtertext{"256", "256", "256", "256", "1", "256", "256", "256", "256"};
-    std::array<bool, 9> filterchecked{};
+    std::array<bool, 9> filterchecked{true, true, true, true, true, true, true, true, true};
+    // A filter box is disabled while its check box is unticked.
+    std::array<bool, 9> filterenabled{true, true, true, true, true, true, true, true, true};
+    // The fields of the printed notice: 工务段, 线别, 分析日; the analyst's name stands in Tmc.
+    std::string Tgwd, Txb, Textdyrq;
+    // The box of the mark search on the list of marks, hidden once a recording has loaded.
+    std::string Text3;
+    bool Text3visible = true;
+    // The popup menu that a press on a picture asks the window to show ("a13"), until it shows it.
+    std::string popup;
     // Captions that carry state or language, by control name.
     std::map<std::string, std::string> captions;
     // Texts of the labels that show the job summary (Lzygk, Lzyrq, ...) and of the label array Label2,
@@ -267,11 +279,11 @@ struct Station {
     std::string markerkind;
     double pointerx = 0; // x of the last press on the picture
 
-    // The alignment window Formpk2 of the main side, while it is open.
+    // The alignment window Formpk2, while it is open on one side (Command3 main, Command18 comparison).
     struct Alignment {
         bool open = false;
-        std::array<std::int16_t, 8> pinkongbase{}; // the words when the window opened
-        std::int16_t savedstep = 0;                // replaystep before the opening
+        bool comparison = false;    // opened by Command18 for the comparison side
+        std::int16_t savedstep = 0; // replaystep before the opening
     } alignment;
     std::array<std::int16_t, 9> pinkongkeep{}; // the words put aside by the mode "精确"
 
@@ -286,7 +298,24 @@ struct Station {
     std::function<int()> countinstances;
     // Redraws the scale and the rail picture when the rail code of the view changes.
     std::function<void()> redrawrail;
+
+    // Every control of every window, registered by the subsystem that owns it.
+    ControlTable controls;
+    // Routines of an upper subsystem that a lower one calls, filled by the upper one when the station
+    // is assembled, so that includes run only downward.
+    struct Hooks {
+        std::function<void(Station&, Side&)> rebuildmap; // the view map of a side after its walk
+        std::function<void(Station&, Side&)> bofang;     // a side drawn anew at its view
+    } hooks;
 };
+
+// A text box whose text is the field FIELD of the window's state.
+Control formtext(const std::string& name, std::string Form28State::*field);
+
+// The maximum of the replay scroll bar for LENGTH view indices: 300 view indices a step.
+inline int scrollmaximum(std::int64_t length) {
+    return static_cast<int>(length / 300);
+}
 
 // The B-mode picture of a side: Picture1 of the main side, Picture6 of the comparison.
 inline Canvas* pictureof(Station& st, const Side& side) {

@@ -1,0 +1,50 @@
+#pragma once
+// Binds the widgets of a window to the table of controls by object name: a user's act on a widget
+// goes to its entry, and refresh() shows in every widget what the entry reads from the station. A
+// window thus holds no rule of its own; it only lays out widgets named as the controls are.
+#include <QObject>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+class QWidget;
+
+namespace orvane {
+
+struct Control;
+struct Station;
+
+class ControlView : public QObject {
+    Q_OBJECT
+  public:
+    // Runs one act of the user through the logic and shows what it left.
+    using Act = std::function<void(const std::function<void()>&)>;
+    // Binds every child of WINDOW whose object name, behind PREFIX ("" for Form28, "Formpk2."), names
+    // a control; canvases are left to the window, which knows their geometry.
+    ControlView(Station& st, QWidget* window, std::string prefix, Act act);
+
+    void refresh();
+    // The controls bound, by their full names.
+    std::vector<std::string> bound() const;
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    struct Binding {
+        QObject* object;
+        std::string name;
+    };
+    void bind(QObject* object, const Control& c);
+    void show(const Binding& b);
+    const Control* controlof(QObject* object) const;
+
+    Station& st_;
+    std::string prefix_;
+    Act act_;
+    std::vector<Binding> bindings_;
+    bool refreshing_ = false;
+};
+
+} // namespace orvane
