@@ -8,6 +8,7 @@
 #include <QJsonObject>
 #include <array>
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -17,6 +18,7 @@ namespace {
 struct CliRun {
     int status = -1;
     std::string out;
+    std::string err; // what it said on standard error
 };
 
 class Cli : public orvane::testkit::StationTest {
@@ -31,6 +33,8 @@ class Cli : public orvane::testkit::StationTest {
         while ((n = fread(buf.data(), 1, buf.size(), pipe)) > 0) r.out.append(buf.data(), n);
         int status = pclose(pipe);
         r.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        std::ifstream err(temp.file("err"));
+        r.err.assign(std::istreambuf_iterator<char>(err), std::istreambuf_iterator<char>());
         return r;
     }
 };
@@ -301,6 +305,122 @@ TEST_F(CliDump, RunPlaysTicksAndPrintsTheState) {
 
     EXPECT_EQ(cli("run " + path + " --do press:NoSuchButton").status, 2);
     EXPECT_EQ(cli("run " + path + " --do tick:x").status, 2);
+}
+
+} // namespace
+
+namespace {
+
+// The state that run prints, as an object.
+QJsonObject stateof(const CliRun& r) {
+    return QJsonDocument::fromJson(QByteArray::fromStdString(r.out)).object()["state"].toObject();
+}
+
+TEST_F(CliDump, SettingAnOptionAndPressingItLeaveTheSameState) {
+    ktrgen::Recording rec;
+    const std::string path = smallrecording(rec);
+    const QJsonObject start = stateof(cli("run " + path + " --seed 3"));
+    int compared = 0;
+    for (const char* name : {"Option1", "Option2", "Option3", "Option4", "Option5", "Option6", "Option7",
+                             "Option8", "Option9", "Option10", "Option11", "Option14", "Option15", "Option16",
+                             "Option17", "Option18", "Option19", "Option20", "Option21"}) {
+        if (start["controls"].toObject()[name].toObject()["value"].toInt() == 1) continue; // already on
+        // Each run starts from the seeded settings of a fresh station folder.
+        std::filesystem::remove_all(home);
+        const CliRun set = cli("run " + path + " --seed 3 --set " + name + "=1");
+        std::filesystem::remove_all(home);
+        const CliRun pressed = cli("run " + path + " --seed 3 --do press:" + name);
+        ASSERT_EQ(set.status, 0) << name;
+        EXPECT_EQ(stateof(set), stateof(pressed)) << name;
+        EXPECT_EQ(stateof(set)["controls"].toObject()[name].toObject()["value"].toInt(), 1) << name;
+        ++compared;
+    }
+    EXPECT_GE(compared, 9); // one of each pair at least
+}
+
+TEST_F(CliDump, EveryControlOfTheTableCanBeReachedHeadless) {
+    ktrgen::Recording rec;
+    const std::string path = smallrecording(rec);
+    std::string actions;
+    for (const orvane::Control& c : st.controls.all()) {
+        if (orvane::ControlTable::formof(c.name) != "Form28") continue;
+        const std::string n = c.name;
+        switch (c.kind) {
+        case orvane::ControlKind::checkbox:
+        case orvane::ControlKind::option:
+            actions += " --do set:" + n + ":1";
+            break;
+        case orvane::ControlKind::scrollbar:
+            actions += " --do scroll:" + n + ":" + std::to_string(c.min);
+            break;
+        case orvane::ControlKind::textbox:
+            actions += " --do enter:" + n + ":1";
+            break;
+        case orvane::ControlKind::canvas:
+            actions += " --do mouse:" + n + ":down:left:300:100";
+            break;
+        case orvane::ControlKind::grid:
+        case orvane::ControlKind::combobox:
+            break;
+        default:
+            actions += " --do press:" + n;
+        }
+    }
+    // The alignment window's controls while it is open, then its close box.
+    actions += " --do press:Command3 --do set:Formpk2.HScroll2:7 --do press:Formpk2.Cmdbc --do close:Formpk2";
+    const CliRun r = cli("run " + path + " --seed 3 --answer 255 --answer 255" + actions);
+    ASSERT_EQ(r.status, 0) << r.err;
+    const QJsonObject state = stateof(r);
+    EXPECT_EQ(state["open"].toArray().size(), 1);
+    EXPECT_EQ(state["open"].toArray()[0].toString(), "Form28");
+    for (const orvane::Control& c : st.controls.all())
+        if (orvane::ControlTable::formof(c.name) == "Form28" && c.kind != orvane::ControlKind::grid)
+            EXPECT_TRUE(state["controls"].toObject().contains(QString::fromStdString(c.name))) << c.name;
+    EXPECT_TRUE(state["grids"].toObject().contains("Grid1"));
+}
+
+TEST_F(CliDump, RunOfARecordingWithoutSamplesSaysSoAndActsOnTheEmptyWindow) {
+    const std::string path = writefile("empty.ktr", std::string(1024, '\0'));
+    const CliRun r =
+        cli("run " + path + " --set Option16=1 --do press:Command8 --do tick:3 --do press:Command34");
+    ASSERT_EQ(r.status, 0);
+    const QJsonObject o = QJsonDocument::fromJson(QByteArray::fromStdString(r.out)).object();
+    EXPECT_EQ(o["messages"].toArray()[0].toString(), "没有数据！");
+    const QJsonObject state = o["state"].toObject();
+    EXPECT_FALSE(state["T1"].toBool()); // the replay buttons stay disabled
+    EXPECT_FALSE(state["controls"].toObject()["Command8"].toObject()["enabled"].toBool());
+    EXPECT_EQ(state["viewindex"].toInt(), 600);
+}
+
+TEST_F(CliDump, BadControlsAreRefusedAndChangeNothing) {
+    ktrgen::Recording rec;
+    const std::string path = smallrecording(rec);
+    EXPECT_EQ(cli("run " + path + " --set Check99=1").status, 2);
+    EXPECT_EQ(cli("run " + path + " --do set:Nope:1").status, 2);
+    EXPECT_EQ(cli("run " + path + " --do press:Formpk2.Cmdbc").status, 1); // the window is not open
+    EXPECT_EQ(cli("run " + path + " --set Formpk2.HScroll1=3").status, 1);
+    EXPECT_EQ(cli("run " + path + " --do scroll:HScrolljd:far").status, 2);
+    EXPECT_EQ(cli("run " + path + " --set HScroll8=12").status, 2);
+    EXPECT_EQ(cli("run " + path + " --set HScroll8=3 --set HScroll8=0").status, 2);
+    // The speed before the refused value was written; the refused one was not.
+    const CliRun r = cli("settings");
+    const QJsonObject o = QJsonDocument::fromJson(QByteArray::fromStdString(r.out)).object();
+    EXPECT_EQ(o["color"].toObject()["bofsd"].toObject()["shuzhi"].toInt(), 3);
+    EXPECT_EQ(cli("run " + path + " --do close:Form99").status, 2);
+}
+
+TEST_F(CliDump, AlignmentOfTheMainSideRoundTripsHeadless) {
+    ktrgen::Recording rec;
+    const std::string path = smallrecording(rec);
+    const CliRun r = cli("run " + path + " --seed 3 --do press:Command3 --do scroll:Formpk2.HScroll1:-5");
+    ASSERT_EQ(r.status, 0) << r.out;
+    const QJsonObject state = stateof(r);
+    EXPECT_EQ(state["open"].toArray().size(), 2);
+    EXPECT_EQ(state["controls"].toObject()["Formpk2.HScroll1"].toObject()["value"].toInt(), -5);
+    EXPECT_EQ(state["replaystep"].toInt(), 0);
+    const CliRun closed = cli("run " + path + " --seed 3 --do press:Command3 --do close:Formpk2");
+    EXPECT_EQ(stateof(closed)["replaystep"].toInt(), 7);
+    EXPECT_FALSE(stateof(closed)["controls"].toObject().contains("Formpk2.HScroll1"));
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "app/startup.h"
+#include "generator.h"
 #include "stationfixture.h"
+#include "stores/settingsstore.h"
 
 #include <cmath>
 #include <filesystem>
@@ -157,4 +159,31 @@ TEST_F(Startup, ProcessesAreCountedByTheirExecutable) {
 TEST_F(Startup, ClosingTheWindowEndsTheProcess) {
     windowunload(st);
     EXPECT_TRUE(st.process.ended);
+}
+
+TEST_F(Startup, ExpandedViewInForceAtTheStartCapsTheHandStep) {
+    writesetting(st, "shoudbjz", "apy", "600");
+    writesetting(st, "shoudbjz", "shuzhi", "600");
+    loadsettings(st);
+    const ktrgen::Recording rec = ktrgen::generate(ktrgen::preset("small"), 2);
+    windowload(st, writefile("small.ktr", std::string(rec.bytes.begin(), rec.bytes.end())));
+    windowactivate(st);
+    EXPECT_EQ(st.settings.viewspan, 600);
+    EXPECT_EQ(st.settings.manualstep, 400);
+    EXPECT_EQ(st.replaystep, 7); // speed 5 of the seeded settings, below the cap
+    // The cap holds in memory: the table keeps the user's hand step.
+    EXPECT_EQ(st.colordb->scalar("select shuzhi from color where weizhi='shoudbjz'").number(), 600);
+}
+
+TEST_F(Startup, FilterBoxesComeFromTheirRowAndAZeroUnticksItsChannel) {
+    st.colordb->exec("update color set apy='0', shuzhibf='40' where weizhi='guolv'");
+    const ktrgen::Recording rec = ktrgen::generate(ktrgen::preset("small"), 2);
+    windowload(st, writefile("small.ktr", std::string(rec.bytes.begin(), rec.bytes.end())));
+    windowactivate(st);
+    EXPECT_FALSE(st.form.filterchecked[0]);
+    EXPECT_FALSE(st.form.filterenabled[0]);
+    EXPECT_EQ(st.form.filtertext[0], "0");
+    EXPECT_TRUE(st.form.filterchecked[8]);
+    EXPECT_EQ(st.form.filtertext[8], "40");
+    EXPECT_EQ(st.form.filtertext[4], "1");
 }

@@ -1,5 +1,6 @@
 // The alignment window of the main side's channels.
 #include "bmode/alignment.h"
+#include "station/controls.h"
 #include "station/station.h"
 #include "viewfixture.h"
 
@@ -86,6 +87,61 @@ TEST_F(Alignment, SavingWritesTheWordsOfAToHAndDeletingRemovesTheRow) {
     EXPECT_EQ(rows[0][1].number(), -1);
     deletealignment(st);
     EXPECT_EQ(st.gpsxdb->scalar("select count(*) from pinkong where jqbh=?", {"51207"}).number(), 0);
+}
+
+} // namespace
+
+namespace {
+
+// The comparison side's alignment: only tried, never stored, and drawn on its own picture.
+class ComparisonAlignment : public Alignment {
+  protected:
+    void SetUp() override {
+        Alignment::SetUp();
+        preparecomparison(5000);
+        c.pinkongval = {10, 20, 30, 40, 50, 60, 70, 80, 90};
+    }
+};
+
+TEST_F(ComparisonAlignment, Command18TunesTheComparisonWordsAndRedrawsItsPicture) {
+    const Words main = s.pinkongval;
+    press(st, "Command18");
+    ASSERT_TRUE(st.alignment.open);
+    EXPECT_TRUE(st.alignment.comparison);
+    EXPECT_EQ(st.playside, "cong");
+    EXPECT_EQ(st.replaystep, 0);
+    EXPECT_EQ(c.pinkongbase, (std::array<std::int16_t, 8>{10, 20, 30, 40, 50, 60, 70, 80}));
+    scroll(st, "Formpk2.HScroll1", 15);
+    scroll(st, "Formpk2.HScroll8", -200);
+    EXPECT_EQ(c.pinkongval[0], 25);
+    EXPECT_EQ(c.pinkongval[7], -120);
+    EXPECT_EQ(reach(st, "Formpk2.HScroll1").value(st), 15);
+    EXPECT_EQ(s.pinkongval, main);
+    // The modes and the row of the instrument are not offered for the comparison side.
+    EXPECT_FALSE(reach(st, "Formpk2.Option1").isvisible(st));
+    EXPECT_FALSE(reach(st, "Formpk2.Cmdbc").isenabled(st));
+    press(st, "Formpk2.Cmdbc");
+    EXPECT_EQ(st.gpsxdb->scalar("select count(*) from pinkong").number(), 0);
+    canvasdb.ops.clear();
+    closeform(st, "Formpk2");
+    EXPECT_FALSE(st.alignment.open);
+    EXPECT_EQ(st.replaystep, 7);
+    EXPECT_FALSE(st.T1);
+    EXPECT_EQ(st.pinkonghit, 1);
+    EXPECT_FALSE(canvasdb.ops.empty()); // bofangdb drew the comparison with its tuned words
+    EXPECT_EQ(c.pinkongval[0], 25);
+}
+
+TEST_F(ComparisonAlignment, Command18IsHiddenWithoutAComparison) {
+    st.form.comparisonvisible = false;
+    press(st, "Command18");
+    EXPECT_FALSE(st.alignment.open);
+}
+
+TEST_F(ComparisonAlignment, BarOutsideItsRangeIsRefused) {
+    press(st, "Command18");
+    EXPECT_THROW(scroll(st, "Formpk2.HScroll1", 201), ControlError);
+    EXPECT_EQ(c.pinkongval[0], 10);
 }
 
 } // namespace

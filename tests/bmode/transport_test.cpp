@@ -362,3 +362,94 @@ TEST_F(Comparison, ComparisonScrollBarMovesItsViewOnly) {
 }
 
 } // namespace
+
+namespace {
+
+// A recording whose position bar ends at 195: 195 x 300 = 58,500 view indices.
+class BarEnd : public testkit::ViewTest {
+  protected:
+    void SetUp() override {
+        start();
+        prepareview(58650);
+        ASSERT_EQ(s.scrollmax, 195);
+        st.settings.manualstep = 500;
+        st.settings.bofsd = 1;
+        setreplayspeed(st);
+        st.form.captions["Command8"] = "连续播放";
+    }
+};
+
+TEST_F(BarEnd, StepPastTheBarByAFractionStopsAtItsEndAndSaysSo) {
+    scroll(st, "HScrolljd", 194);
+    ASSERT_EQ(s.viewindex, 58200);
+    press(st, "Command34"); // 58,700 / 300 = 195.67, above the maximum
+    EXPECT_EQ(s.viewindex, 58500);
+    EXPECT_EQ(ui.messages, std::vector<std::string>{"已经播放到文件最后位置！"});
+    EXPECT_EQ(reach(st, "HScrolljd").value(st), 195);
+}
+
+TEST_F(BarEnd, StepLandingOnTheBarsEndIsNoEnd) {
+    s.viewindex = 58000;
+    press(st, "Command34"); // 58,500 / 300 = 195, not above it
+    EXPECT_EQ(s.viewindex, 58500);
+    EXPECT_TRUE(ui.messages.empty());
+}
+
+TEST_F(BarEnd, TickPastTheBarByAFractionStopsTheReplay) {
+    st.settings.bofsd = 6; // 300 a tick
+    setreplayspeed(st);
+    press(st, "Command8");
+    s.viewindex = 58400;
+    replaytick(st);
+    EXPECT_EQ(s.viewindex, 58500);
+    EXPECT_FALSE(st.T1);
+    EXPECT_EQ(ui.messages, std::vector<std::string>{"已经播放到文件最后位置！"});
+    EXPECT_EQ(st.form.captions["Command8"], "连续播放");
+}
+
+TEST_F(BarEnd, FollowingComparisonStepsPastItsBarByAFraction) {
+    preparecomparison(58650);
+    s.viewindex = 1000;
+    c.viewindex = 58200;
+    press(st, "Command34");
+    EXPECT_EQ(s.viewindex, 1500);
+    EXPECT_EQ(c.viewindex, 58500);
+    EXPECT_EQ(ui.messages, std::vector<std::string>{"已经播放到文件最后位置！"});
+}
+
+TEST_F(BarEnd, LeadingComparisonStepsPastItsBarByAFraction) {
+    preparecomparison(58650);
+    c.viewindex = 58200;
+    press(st, "Command37");
+    EXPECT_EQ(c.viewindex, 58500);
+    EXPECT_EQ(ui.messages.front(), "已经播放到文件最后位置 ！");
+}
+
+TEST_F(BarEnd, ComparisonTickEndsAtTheBarsMaximumAlready) {
+    preparecomparison(58650);
+    st.settings.bofsd = 6;
+    setreplayspeed(st);
+    press(st, "Command8");
+    s.viewindex = 1000;
+    c.viewindex = 58200;
+    replaytick(st); // 58,500 / 300 = 195: at the maximum
+    EXPECT_EQ(c.viewindex, 58500);
+    EXPECT_FALSE(st.T1);
+    EXPECT_EQ(ui.messages, std::vector<std::string>{"对比已经播放到文件最后位置 ！"});
+}
+
+TEST_F(BarEnd, ExpandedViewCapsBothStepsAt400WhateverTheSpeed) {
+    st.settings.viewspan = 1200;
+    st.settings.bofsd = 8; // 700 a tick
+    setreplayspeed(st);
+    ASSERT_EQ(st.replaystep, 700);
+    press(st, "Option8");
+    EXPECT_EQ(st.replaystep, 400);
+    EXPECT_EQ(st.settings.manualstep, 400);
+    press(st, "Option9");
+    setcontrol(st, "HScroll8", "6"); // 300: below the cap
+    press(st, "Option8");
+    EXPECT_EQ(st.replaystep, 300);
+}
+
+} // namespace

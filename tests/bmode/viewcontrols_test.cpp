@@ -134,6 +134,22 @@ TEST_F(ViewControls, RulerStandsAtTheRightEdgeWithItsTicksAndLabels) {
     EXPECT_EQ(s.rulerx0, 565);
 }
 
+TEST_F(ViewControls, OptionsThatDoNotFitTheScaleLeaveADraggedRulerWhereItIs) {
+    moveruler(st, s, -400);
+    ASSERT_EQ(s.rulerx0, 765);
+    for (const char* name :
+         {"Option10", "Option11", "Option14", "Option15", "Option18", "Option19", "Option6", "Option7",
+          "Option20", "Option21", "Option16", "Option17", "Option1", "Option2"}) {
+        press(st, name);
+        EXPECT_EQ(s.rulerx0, 765) << name;
+    }
+    press(st, "Option3"); // a new layout fits the scale and the ruler anew
+    EXPECT_EQ(s.rulerx0, 1165);
+    moveruler(st, s, -400);
+    press(st, "Option8");
+    EXPECT_EQ(s.rulerx0, 565);
+}
+
 TEST_F(ViewControls, DraggedRulerStaysOnThePicture) {
     EXPECT_TRUE(onruler(s, 1165 - 10));
     EXPECT_TRUE(onruler(s, 1165 + 32));
