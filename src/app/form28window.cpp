@@ -43,6 +43,11 @@ template <class W> W* named(W* widget, const char* name) {
 }
 } // namespace
 
+// The caption a control is built with, so that the layout gives it room from the start.
+QString Form28Window::caption(const char* name) const {
+    return QString::fromStdString(controlcaption(st_, reach(st_, name)));
+}
+
 Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
     : QMainWindow(parent), st_(st), ui_(ui),
       canvas_(std::make_unique<RasterCanvas>(picturewidth, pictureheight)) {
@@ -107,14 +112,14 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
                            "Check6", "Check7", "Check16", "Check17"};
     const char* colournames[] = {"Lysa", "Lysb", "Lysc", "Lysd", "Lyse", "Lysf", "Lysg", "Lysh", "Lysi"};
     for (int k = 0; k < 9; ++k) {
-        channels->addWidget(named(new QCheckBox(central), boxes[k]));
+        channels->addWidget(named(new QCheckBox(caption(boxes[k]), central), boxes[k]));
         auto* colour = named(new QLabel(central), colournames[k]);
         colour->setFixedSize(14, 14);
         colour->setToolTip("点击选择通道颜色");
         colours_.push_back(colour);
         channels->addWidget(colour);
     }
-    channels->addWidget(named(new QCheckBox(central), "Check8"));
+    channels->addWidget(named(new QCheckBox(caption("Check8"), central), "Check8"));
     for (const char* name : {"Label1", "Ljls"}) channels->addWidget(named(new QLabel(central), name), 1);
     layout->addLayout(channels);
 
@@ -183,7 +188,8 @@ QWidget* Form28Window::settingscolumn(QWidget* parent) {
     for (const Group& g : groups) {
         auto* frame = new QGroupBox(g.title, column);
         auto* row = new QHBoxLayout(frame);
-        for (const char* name : g.options) row->addWidget(named(new QRadioButton(frame), name));
+        for (const char* name : g.options)
+            row->addWidget(named(new QRadioButton(caption(name), frame), name));
         box->addWidget(frame);
     }
     // The colours: background, window, guide lines, and the two schemes.
@@ -208,7 +214,7 @@ QWidget* Form28Window::settingscolumn(QWidget* parent) {
 }
 
 QPushButton* Form28Window::button(const char* name) {
-    auto* b = named(new QPushButton(centralWidget()), name);
+    auto* b = named(new QPushButton(caption(name), centralWidget()), name);
     const std::string control = name;
     // The replay keys hand the focus back to the picture; the binder runs the press first.
     if (control == "Command8" || control == "Command34" || control == "Command27")

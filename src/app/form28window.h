@@ -54,6 +54,7 @@ class Form28Window : public QMainWindow {
     // Runs one act of the user through the logic, then shows what it left; a refused act is a message.
     void act(const std::function<void()>& handler);
     QPushButton* button(const char* name);
+    QString caption(const char* name) const;
     QWidget* settingscolumn(QWidget* parent);
     // The alignment window over this one while the logic has it open; the picture follows each change.
     void showformpk2();

@@ -9,6 +9,8 @@
 #include "app/pictureview.h"
 #include "bmode/formpk2window.h"
 #include "replay/bofang.h"
+#include "station/controls.h"
+#include "station/station.h"
 #include "stores/settingsstore.h"
 
 #include <QAction>
@@ -281,6 +283,80 @@ TEST_F(Form28Replay, ClosingDuringReplayStopsTheTimerFirst) {
     window->close();
     EXPECT_FALSE(st.T1);
     EXPECT_FALSE(control<QTimer>("T1")->isActive());
+}
+
+// Every named widget of the window and of the alignment window stands in the table of controls.
+TEST_F(Form28Replay, EveryNamedWidgetHasItsEntryInTheTable) {
+    auto check = [&](QWidget* form, const std::string& prefix) {
+        int seen = 0;
+        for (QObject* o : form->findChildren<QObject*>()) {
+            const bool control = qobject_cast<QAbstractButton*>(o) || qobject_cast<QScrollBar*>(o) ||
+                                 qobject_cast<QLineEdit*>(o) || qobject_cast<QLabel*>(o) ||
+                                 qobject_cast<QTableWidget*>(o) || qobject_cast<QAction*>(o) ||
+                                 qobject_cast<PictureView*>(o);
+            if (!control || o->objectName().isEmpty()) continue;
+            EXPECT_NE(st.controls.find(prefix + o->objectName().toStdString()), nullptr)
+                << prefix << o->objectName().toStdString();
+            ++seen;
+        }
+        return seen;
+    };
+    EXPECT_GT(check(window.get(), ""), 60);
+    control<QPushButton>("Command3")->click();
+    auto* formpk2 = window->findChild<Formpk2Window*>("Formpk2");
+    ASSERT_NE(formpk2, nullptr);
+    EXPECT_EQ(check(formpk2, "Formpk2."), 8 + 8 + 2 + 2 + 2);
+    formpk2->reject();
+}
+
+// Each control of the table once through the window: its widget where the window shows one, the
+// table itself for the controls of views this window does not show yet. None is unknown.
+TEST_F(Form28Replay, EveryControlTakesAnActThroughTheWindow) {
+    window->show();
+    int acted = 0;
+    for (const Control& c : st.controls.all()) {
+        if (ControlTable::formof(c.name) != "Form28" || c.name == "Command3" || c.kind == ControlKind::grid)
+            continue;
+        ++acted;
+        QObject* widget = window->findChild<QObject*>(QString::fromStdString(c.name));
+        if (auto* button = qobject_cast<QAbstractButton*>(widget)) {
+            if (button->isEnabled() && button->isVisible()) button->click();
+        } else if (auto* bar = qobject_cast<QScrollBar*>(widget)) {
+            bar->setValue(bar->minimum() == bar->value() ? bar->maximum() : bar->minimum());
+            EXPECT_EQ(bar->value(), reach(st, c.name).value(st)) << c.name;
+        } else if (auto* box = qobject_cast<QLineEdit*>(widget)) {
+            box->setText("0.1");
+            QTest::keyClick(box, Qt::Key_Return);
+        } else if (auto* label = qobject_cast<QLabel*>(widget)) {
+            QTest::mouseClick(label, Qt::LeftButton);
+        } else if (auto* entry = qobject_cast<QAction*>(widget)) {
+            entry->trigger();
+        } else if (qobject_cast<PictureView*>(widget)) {
+            QTest::mouseClick(static_cast<QWidget*>(widget), Qt::LeftButton, {}, QPoint(100, 100));
+        } else if (c.kind == ControlKind::checkbox || c.kind == ControlKind::option) {
+            setcontrol(st, c.name, "1");
+        } else if (c.kind == ControlKind::textbox) {
+            enter(st, c.name, "1");
+        } else if (c.kind == ControlKind::scrollbar) {
+            scroll(st, c.name, c.min);
+        } else if (c.click) {
+            press(st, c.name);
+        }
+        for (const std::string& m : ui.messages)
+            EXPECT_EQ(m.find("没有这个控件"), std::string::npos) << c.name;
+    }
+    EXPECT_GT(acted, 90);
+    window->hide();
+}
+
+TEST_F(Form28Replay, AllChannelsBoxShowsWhileEveryChannelShows) {
+    auto* all = control<QCheckBox>("Check8");
+    EXPECT_TRUE(all->isChecked());
+    control<QCheckBox>("Check2")->click();
+    EXPECT_FALSE(all->isChecked());
+    all->click(); // not all shown: every channel shown again
+    EXPECT_TRUE(all->isChecked());
+    EXPECT_TRUE(control<QCheckBox>("Check2")->isChecked());
 }
 
 TEST_F(Form28Replay, TinyWindowStillReplays) {
