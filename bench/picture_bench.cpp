@@ -34,6 +34,7 @@ struct Loaded {
         std::ofstream(path, std::ios::binary)
             .write(reinterpret_cast<const char*>(r.bytes.data()),
                    static_cast<std::streamsize>(r.bytes.size()));
+        orvane::assemble(st);
         st.ui = &ui;
         st.clock = &clock;
         st.railheight = {0, 280, 304, 352, 384};

@@ -1,5 +1,6 @@
 // The walk of a large recording beside a plain read of the same file and a walk that builds the
 // hexadecimal text of every record and reads its fields from the text.
+#include "app/startup.h"
 #include "recording/hex.h"
 #include "recording/walk.h"
 #include "station/scriptedui.h"
@@ -79,6 +80,7 @@ void Walk(benchmark::State& state) {
     std::size_t gridbytes = 0;
     for (auto _ : state) {
         orvane::Station st;
+        orvane::assemble(st);
         st.ui = &ui;
         st.clock = &clock;
         st.railheight = {0, 280, 304, 352, 384}; // as the first activation sets them

@@ -6,6 +6,7 @@
 #include "replay/transport.h"
 #include "station/station.h"
 
+#include <cmath>
 #include <stdexcept>
 
 namespace orvane::cli {
@@ -21,16 +22,6 @@ std::vector<std::string> split(const std::string& action) {
     return parts;
 }
 
-int number(const std::string& text, const std::string& action) {
-    std::size_t used = 0;
-    try {
-        const int n = std::stoi(text, &used);
-        if (used == text.size()) return n;
-    } catch (const std::exception&) {
-    }
-    throw ActionError("not a number in " + action);
-}
-
 double real(const std::string& text, const std::string& action) {
     std::size_t used = 0;
     try {
@@ -39,6 +30,13 @@ double real(const std::string& text, const std::string& action) {
     } catch (const std::exception&) {
     }
     throw ActionError("not a number in " + action);
+}
+
+int number(const std::string& text, const std::string& action) {
+    const double v = real(text, action);
+    if (v != std::floor(v) || std::fabs(v) > 2147483647.0)
+        throw ActionError("not a whole number in " + action);
+    return static_cast<int>(v);
 }
 
 // Everything of ACTION behind its kind and name: a text may hold colons of its own.
