@@ -210,11 +210,6 @@ void windowload(Station& st, const std::string& commandline) {
     st.form.defects = namesof(*st.gpsxdb, "bz");
     st.form.filtercombo = {"全部"};
     setpanelheads(st);
-    // A new rail code fits the scale and redraws the rail.
-    st.redrawrail = [&st] {
-        layout(st);
-        background(st);
-    };
 }
 
 void windowactivate(Station& st) {

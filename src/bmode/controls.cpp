@@ -198,6 +198,11 @@ void alignmentbuttons(Station& st) {
 } // namespace
 
 void registerbmode(Station& st) {
+    // A new rail code fits the scale and redraws the rail.
+    st.hooks.redrawrail = [](Station& st) {
+        layout(st);
+        background(st);
+    };
     channelboxes(st);
     displayoptions(st);
     colours(st);

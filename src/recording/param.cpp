@@ -129,7 +129,7 @@ void applyparam(Station& st, Side& side, std::int32_t index) {
 
     if (side.main && side.railcode != st.previousrailcode) {
         st.previousrailcode = side.railcode;
-        if (st.redrawrail) st.redrawrail();
+        st.hooks.redrawrail(st);
     }
     if (st.tarvikmode == "tarvik") std::swap(side.channelkind[4], side.channelkind[5]);
 }

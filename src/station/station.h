@@ -296,9 +296,6 @@ struct Station {
 
     // How many processes run this program; the second-instance check asks it.
     std::function<int()> countinstances;
-    // Redraws the scale and the rail picture when the rail code of the view changes.
-    std::function<void()> redrawrail;
-
     // Every control of every window, registered by the subsystem that owns it.
     ControlTable controls;
     // Routines of an upper subsystem that a lower one calls, filled by the upper one when the station
@@ -306,6 +303,7 @@ struct Station {
     struct Hooks {
         std::function<void(Station&, Side&)> rebuildmap; // the view map of a side after its walk
         std::function<void(Station&, Side&)> bofang;     // a side drawn anew at its view
+        std::function<void(Station&)> redrawrail;        // scale and rail anew for a new rail code
     } hooks;
 };
 

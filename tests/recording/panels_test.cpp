@@ -122,7 +122,7 @@ TEST_F(Panels, RailOverrideFortyFiveShowsSeventyFiveAsFortyFive) {
 
 TEST_F(Panels, RailIsRedrawnOnlyWhenItsCodeChanges) {
     int redraws = 0;
-    st.redrawrail = [&] { ++redraws; };
+    st.hooks.redrawrail = [&](Station&) { ++redraws; };
     Param p;
     apply(p);
     apply(p);
