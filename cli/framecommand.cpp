@@ -43,6 +43,10 @@ void opsarray(Json& j, const std::vector<DrawOp>& ops) {
             j.key("color").value(static_cast<std::int64_t>(op.color)).key("width").value(op.width);
             j.key("style").value(op.style);
             break;
+        case DrawOp::Kind::scale:
+            j.key("op").value("scale");
+            j.key("width").value(op.x1).key("top").value(op.y1).key("height").value(op.y2);
+            break;
         case DrawOp::Kind::print:
             j.key("op").value("print");
             coordinate(j, "x", op.x1);

@@ -32,7 +32,7 @@ constexpr const char* usage =
     "       orvane-cli frame FILE [--view N] [--seed N] [--set NAME=VALUE]... "
     "(--png OUT | --ops OUT)\n"
     "       orvane-cli run FILE [--seed N] [--set NAME=VALUE]... [--answer TEXT]... "
-    "[--do ACTION]... [--png OUT] [--ops OUT]";
+    "[--do ACTION]... [--canvas NAME] [--png OUT] [--ops OUT]";
 
 struct Arguments {
     std::string command;
@@ -44,6 +44,7 @@ struct Arguments {
     orvane::cli::DumpRanges ranges;
     std::int64_t view = 600;
     std::string png, ops;
+    std::string canvas = "Picture1"; // the canvas that --png and --ops write
     std::vector<std::string> actions;
 };
 
@@ -113,6 +114,10 @@ std::optional<std::string> parse(int argc, char** argv, Arguments& a) {
             auto v = next();
             if (!v) return "--do needs an action";
             a.actions.push_back(*v);
+        } else if (arg == "--canvas") {
+            auto v = next();
+            if (!v || (*v != "Picture1" && *v != "Picture3")) return "--canvas takes Picture1 or Picture3";
+            a.canvas = *v;
         } else if (arg == "--png" || arg == "--ops") {
             auto v = next();
             if (!v) return arg + " needs a file";
@@ -176,8 +181,10 @@ std::optional<int> applysets(orvane::Station& st, const Arguments& args) {
 // the state they leave, also on a recording without samples, whose window refuses most acts.
 int frame(orvane::Station& st, orvane::ScriptedUi& ui, const Arguments& args) {
     const std::string& file = args.positional[0];
-    orvane::RecordingCanvas canvas;
-    st.picture1 = &canvas;
+    orvane::RecordingCanvas picture1, picture3;
+    st.picture1 = &picture1;
+    st.picture3 = &picture3;
+    const orvane::RecordingCanvas& canvas = args.canvas == "Picture3" ? picture3 : picture1;
     orvane::windowload(st, file);
     if (st.process.ended)
         return failed(ui.messages.empty() ? file + " cannot be opened" : ui.messages.back());

@@ -1,5 +1,6 @@
 // orvane-cli run: the user's actions, in order, through the table of controls, and the state they
 // leave.
+#include "amode/amode.h"
 #include "app/startup.h"
 #include "commands.h"
 #include "json.h"
@@ -52,8 +53,10 @@ bool runaction(Station& st, const std::string& action) {
     if (kind == "press" && (p.size() == 2 || p.size() == 3)) {
         press(st, p[1], p.size() == 3 ? p[2] : "");
     } else if (kind == "tick" && p.size() == 2) {
-        for (int n = number(p[1], action); n > 0; --n)
+        for (int n = number(p[1], action); n > 0; --n) {
             if (st.T1) replaytick(st);
+            if (st.T2) amodetick(st);
+        }
     } else if (kind == "enter" && p.size() >= 3) {
         enter(st, p[1], rest(action, p));
     } else if (kind == "set" && p.size() >= 3) {
@@ -105,9 +108,18 @@ void sidestate(Json& j, const Side& s, const std::string& suffix) {
     j.endarray();
 }
 
+void lineshape(Json& j, const std::string& name, const LineShape& l) {
+    j.key(name).beginobject();
+    j.key("visible").value(l.visible);
+    j.key("x1").value(l.x1).key("y1").value(l.y1).key("x2").value(l.x2).key("y2").value(l.y2);
+    j.endobject();
+}
+
 // Every control of the open windows with what it shows, under its name.
 void controlsstate(Json& j, const Station& st) {
     j.key("controls").beginobject();
+    lineshape(j, "Lineyz(21)", st.zhu.amodemarker);
+    if (st.form.comparisonvisible) lineshape(j, "Lineyzdb(21)", st.cong.amodemarker);
     for (const Control& c : st.controls.all()) {
         if (c.kind == ControlKind::grid || !st.controls.isopen(st, ControlTable::formof(c.name))) continue;
         j.key(c.name).beginobject();
@@ -154,6 +166,19 @@ std::string statejson(Station& st, const std::vector<std::string>& messages) {
     j.key("direction").value(st.direction);
     j.key("seekat").value(st.seekat);
     j.key("T1").value(st.T1).key("T2").value(st.T2);
+    // The A-mode.
+    j.key("amodechannel").value(st.amodechannel).key("amodeside").value(st.amodeside);
+    j.key("allchannelview").value(st.allchannelview);
+    j.key("amodecolumn").value(st.amodecolumn).key("amodefirst").value(st.amodefirst);
+    j.key("amodelast").value(st.amodelast);
+    j.key("cursorx").value(st.cursorx).key("cursorcolumn").value(st.cursorcolumn);
+    j.key("paramindex").value(st.paramindex);
+    j.key("gatevalues").beginarray();
+    for (auto g : st.gatevalues) j.value(static_cast<std::int64_t>(g));
+    j.endarray();
+    j.key("echox").value(st.echox).key("latex").value(st.latex);
+    j.key("scrollheld").value(st.scrollheld).key("clicky").value(st.clicky);
+    j.key("T2interval").value(st.T2interval);
     j.key("seekhits").beginarray();
     for (int i = 0; i < st.seekcount; ++i) j.value(st.seekhits[i]);
     j.endarray();

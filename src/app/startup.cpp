@@ -2,6 +2,7 @@
 
 #include "stores/settingsstore.h"
 
+#include "amode/controls.h"
 #include "bmode/bmode.h"
 #include "bmode/controls.h"
 #include "processing/controls.h"
@@ -147,6 +148,7 @@ void assemble(Station& st) {
     registerrecording(st);
     registerbmode(st);
     registerreplay(st);
+    registeramode(st);
     registerprocessing(st);
     registerreports(st);
 }

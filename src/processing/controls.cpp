@@ -1,5 +1,7 @@
 #include "processing/controls.h"
 
+#include "amode/amode.h"
+#include "processing/pointer.h"
 #include "station/station.h"
 
 namespace orvane {
@@ -22,7 +24,69 @@ void tickfilter(Station& st, int channel) {
     st.form.filterenabled[channel] = ticked;
 }
 
+namespace {
+
+bool loaded(const Station& st) {
+    return st.form.mainviewenabled;
+}
+
+bool comparisonshown(const Station& st) {
+    return st.form.comparisonvisible;
+}
+
+// The pictures of both sides under the pointer, their grips and their read-outs.
+void pointers(Station& st) {
+    for (const auto& [name, main] : {std::pair{"Picture1", true}, {"Picture6", false}}) {
+        Control c = control(name, ControlKind::canvas);
+        c.enabled = loaded;
+        if (!main) c.visible = comparisonshown;
+        c.mouse = [main](Station& st, const MouseAct& act) {
+            Side& side = main ? st.zhu : st.cong;
+            if (act.kind == "down") pointerdown(st, side, act.button, act.x, act.y);
+            if (act.kind == "move") pointermove(st, side, act.x, act.y);
+            if (act.kind == "up") pointerup(st, side, act.button, act.x, act.y);
+        };
+        st.controls.add(c);
+        Control grip = control(main ? "Labelyz" : "Labelyzdb", ControlKind::label, "毫米");
+        grip.enabled = loaded;
+        if (!main) grip.visible = comparisonshown;
+        grip.mouse = [main](Station& st, const MouseAct& act) {
+            Side& side = main ? st.zhu : st.cong;
+            if (act.kind == "down") gripdown(st, side, act.button, act.x, act.y);
+            if (act.kind == "move") gripmove(st, side, act.x);
+            if (act.kind == "up") gripup(st);
+        };
+        st.controls.add(grip);
+        Control readout = control(main ? "Label14" : "Label14db", ControlKind::label);
+        readout.textof = [main](const Station& st) { return (main ? st.zhu : st.cong).Label14.text; };
+        readout.visible = [main](const Station& st) { return (main ? st.zhu : st.cong).Label14.visible; };
+        st.controls.add(readout);
+    }
+    Control result = control("Label10", ControlKind::label, "测量结果");
+    result.textof = [](const Station& st) {
+        const auto it = st.form.labels.find("Label10");
+        return it == st.form.labels.end() ? std::string("测量结果") : it->second;
+    };
+    result.visible = [](const Station& st) { return st.Label10visible; };
+    result.click = [](Station& st, const std::string&) { closemeasure(st); };
+    st.controls.add(result);
+    Control oblique = control("ax70", ControlKind::menuentry, "斜70度坐标");
+    oblique.value = [](const Station& st) { return static_cast<int>(st.oblique70); };
+    oblique.click = [](Station& st, const std::string&) { st.oblique70 = st.oblique70 ? 0 : 1; };
+    st.controls.add(oblique);
+    Control check = control("axjd", ControlKind::menuentry, "A显校对");
+    check.enabled = loaded;
+    check.click = [](Station& st, const std::string&) {
+        st.amodeside = "zhu";
+        openallchannels(st);
+    };
+    st.controls.add(check);
+}
+
+} // namespace
+
 void registerprocessing(Station& st) {
+    pointers(st);
     for (int k = 0; k < 9; ++k) {
         Control check =
             control(filterchecks[k], ControlKind::checkbox, std::string(1, static_cast<char>('A' + k)));

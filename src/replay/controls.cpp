@@ -93,11 +93,13 @@ void transport(Station& st) {
 void seek(Station& st) {
     Control label = control("Label20", ControlKind::label, "指定里程:");
     label.enabled = loaded;
+    label.visible = [](const Station& st) { return st.seekshown; }; // a measurement's result stands there
     label.click = [](Station& st, const std::string& button) {
         button == "left" ? seekkilometre(st) : nextseekhit(st);
     };
     st.controls.add(label);
     Control box = control("Text1", ControlKind::textbox);
+    box.visible = [](const Station& st) { return st.seekshown; };
     box.textof = [](const Station& st) { return st.Text1; };
     box.text = [](Station& st, const std::string& text) { st.Text1 = text; };
     box.enter = seekkilometre;
@@ -163,16 +165,7 @@ void mapoptions(Station& st) {
     st.controls.add(settingoption("Option2", "显示所有倒车标记", "shoudbjz", "dpy", 1, keepplace));
 }
 
-void pictures(Station& st) {
-    for (const auto& [name, main] : {std::pair{"Picture1", true}, {"Picture6", false}}) {
-        Control c = control(name, ControlKind::canvas);
-        c.enabled = loaded;
-        if (!main) c.visible = comparisonshown;
-        c.mouse = [main](Station& st, const MouseAct& act) {
-            if (act.kind == "down") picturedown(st, main ? st.zhu : st.cong, act.button, act.x);
-        };
-        st.controls.add(c);
-    }
+void labels(Station& st) {
     for (const char* name : {"Label1", "Ljls"}) st.controls.add(formlabel(name));
     Control labeldb = formlabel("Label16");
     labeldb.visible = comparisonshown;
@@ -188,7 +181,7 @@ void registerreplay(Station& st) {
     seek(st);
     markers(st);
     mapoptions(st);
-    pictures(st);
+    labels(st);
 }
 
 } // namespace orvane

@@ -56,6 +56,7 @@ bool replaying(const Station& st) {
 
 void settle(Station& st, Side& s) {
     st.T2 = false;
+    st.Picture5visible = false;
     s.jobcursor = s.paramcursor = s.markcursor = s.samplecursor = 0;
     bofang(st, s);
 }
@@ -73,31 +74,22 @@ void capexpanded(Station& st) {
     st.settings.manualstep = std::min<std::int16_t>(st.settings.manualstep, 400);
 }
 
-void picturedown(Station& st, Side& s, const std::string& button, double x) {
-    st.playside = s.main ? "zhu" : "cong";
-    st.pointerx = x;
-    if (button == "left") {
-        // The first click on a running replay only pauses it.
-        if (replaying(st)) pressplay(st);
-        st.T1 = false;
-        return;
-    }
-    if (button != "right") return;
-    if (st.language != "english") {
-        st.form.popup = "a13";
-        return;
-    }
-    st.form.captions["Command8"] = "连续播放";
-    pressplay(st); // in English the right button starts the replay
-}
-
 void pressplay(Station& st) {
     if (replaying(st)) {
         st.T1 = false;
         st.form.captions["Command8"] = english(st) ? "Play" : "连续播放";
         return;
     }
+    // The replay takes the room of the A-mode and the measurement: the panel, the timer, the marker
+    // and the measuring line go, the read-out hides and the seek comes back.
+    st.Picture5visible = false;
     st.T2 = false;
+    for (Side* s : {&st.zhu, &st.cong}) {
+        s->amodemarker.visible = s->measuremark.visible = false;
+        s->Label14.visible = false;
+    }
+    st.Label10visible = false;
+    st.seekshown = true;
     st.T1 = true;
     st.form.captions["Command8"] = english(st) ? "Pause" : "播放暂停";
 }

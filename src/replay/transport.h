@@ -19,10 +19,6 @@ void settle(Station& st, Side& side);
 void setreplayspeed(Station& st);
 // Option8 "扩展" chosen, or in force at the start: the replay step and the hand step at most 400.
 void capexpanded(Station& st);
-// A press of BUTTON ("left", "right") at X on the picture of SIDE: the side takes the focus; a left
-// press pauses a running replay; a right press asks for the popup menu a13, or in English starts the
-// replay.
-void picturedown(Station& st, Side& side, const std::string& button, double x);
 // One tick of T1: the main side, then the comparison side while it is shown.
 void replaytick(Station& st);
 // Command8: starts or pauses continuous replay.

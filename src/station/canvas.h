@@ -11,8 +11,9 @@ class Canvas {
   public:
     virtual ~Canvas() = default;
 
-    // The user scale: units across, the top and the height of the visible band.
-    void scale(double width, double top, double height) {
+    // The user scale: units across, the top and the height of the visible band. A picture may change
+    // it between its draw operations (the A-mode trace is drawn 820 units across).
+    virtual void scale(double width, double top, double height) {
         scalewidth = width;
         scaletop = top;
         scaleheight = height;

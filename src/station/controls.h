@@ -57,6 +57,7 @@ struct Control {
     std::function<void(Station&, const std::string& text)> text;    // the text of a box replaced
     std::function<void(Station&)> enter;                            // Enter in a box
     std::function<void(Station&)> focus;                            // the control takes the focus
+    std::function<void(Station&)> blur;                             // and loses it
     std::function<void(Station&, int row)> row;                     // a click on a row of a grid
     std::function<void(Station&, int row)> dblclick;                // a double click (row -1: none)
     std::function<void(Station&, const MouseAct&)> mouse;           // down, move, up on a canvas

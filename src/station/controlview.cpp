@@ -59,7 +59,7 @@ void ControlView::bind(QObject* object, const Control& c) {
                     [this, name](int row, int) { act_([this, name, row] { clickrow(st_, name, row); }); });
     }
     // Labels take clicks, and any widget may have a rule for taking the focus.
-    if (qobject_cast<QLabel*>(object) || c.focus) object->installEventFilter(this);
+    if (qobject_cast<QLabel*>(object) || c.focus || c.blur) object->installEventFilter(this);
 }
 
 bool ControlView::eventFilter(QObject* watched, QEvent* event) {
@@ -67,6 +67,13 @@ bool ControlView::eventFilter(QObject* watched, QEvent* event) {
     if (c && event->type() == QEvent::FocusIn && c->focus && !refreshing_) {
         const std::string name = c->name;
         act_([this, name] { focus(st_, name); });
+    }
+    if (c && event->type() == QEvent::FocusOut && c->blur && !refreshing_) {
+        const std::string name = c->name;
+        act_([this, name] {
+            const Control* left = st_.controls.find(name);
+            if (left) left->blur(st_);
+        });
     }
     if (c && c->click && event->type() == QEvent::MouseButtonPress && qobject_cast<QLabel*>(watched)) {
         const std::string name = c->name;

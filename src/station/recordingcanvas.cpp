@@ -37,6 +37,11 @@ void RecordingCanvas::print(const std::string& text) {
                               .text = text});
 }
 
+void RecordingCanvas::scale(double width, double top, double height) {
+    Canvas::scale(width, top, height);
+    target().push_back(DrawOp{.kind = DrawOp::Kind::scale, .x1 = width, .y1 = top, .y2 = height});
+}
+
 void RecordingCanvas::beginbackground(std::uint32_t color) {
     backgroundcolor = color;
     background.clear();
@@ -61,6 +66,9 @@ void replayops(const std::vector<DrawOp>& ops, Canvas& target) {
             break;
         case DrawOp::Kind::line:
             target.line(op.x1, op.y1, op.x2, op.y2);
+            break;
+        case DrawOp::Kind::scale:
+            target.scale(op.x1, op.y1, op.y2);
             break;
         case DrawOp::Kind::print:
             target.currentx = op.x1;

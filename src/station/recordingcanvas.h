@@ -8,7 +8,13 @@
 namespace orvane {
 
 struct DrawOp {
-    enum class Kind { clear, pset, line, print } kind = Kind::pset;
+    enum class Kind {
+        clear,
+        pset,
+        line,
+        print,
+        scale
+    } kind = Kind::pset; // scale: x1 across, y1 top, y2 height
     double x1 = 0, y1 = 0, x2 = 0, y2 = 0;
     std::uint32_t color = 0;
     int width = 1;
@@ -25,6 +31,8 @@ class RecordingCanvas : public Canvas {
     void line(double x1, double y1, double x2, double y2) override;
     void print(const std::string& text) override;
     void beginbackground(std::uint32_t color) override;
+    // A change of scale between operations is kept as an operation of its own.
+    void scale(double width, double top, double height) override;
     void storebackground() override;
 
     std::vector<DrawOp> ops;        // since the last clear

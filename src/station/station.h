@@ -23,6 +23,13 @@ using Table = std::vector<std::vector<std::string>>;
 // Writes a cell that the table has; a cell outside it is left, as a grid with fewer columns has none.
 void setcell(Table& table, std::size_t row, std::size_t column, const std::string& text);
 
+// A line shape laid over a picture, in the picture's own scale.
+struct LineShape {
+    bool visible = false;
+    double x1 = 0, y1 = 0, x2 = 0, y2 = 0;
+    std::uint32_t color = 0;
+};
+
 // Everything that has a comparison twin. The station holds two: zhu (main) and cong (comparison).
 // The comparison side's lists have the same bounds; its raw grid keeps only ten columns.
 struct Side {
@@ -118,6 +125,17 @@ struct Side {
     double scaletop = 0, scaleheight = 410;
     // The left of the depth ruler Lineyz/Labelyz beside the picture; the user may drag it across.
     double rulerx0 = 1165;
+
+    // The A-mode marker Lineyz(21) over this side's picture (Lineyzdb(21) on the comparison side), and
+    // Lineyz(22), left where the first end of a measurement stands.
+    LineShape amodemarker;
+    LineShape measuremark;
+    // The floating read-out of the pointer, Label14 (Label14db on the comparison side).
+    struct Readout {
+        bool visible = false;
+        double left = 0, top = 0;
+        std::string text;
+    } Label14;
 
     // Reads that may fall outside the map or the grid see the empty position and empty cells.
     std::int32_t mapat(std::int64_t k) const {
@@ -278,6 +296,35 @@ struct Station {
     std::int32_t clipstart = 0, clipend = 0;
     std::string markerkind;
     double pointerx = 0; // x of the last press on the picture
+    // The pointer on a picture: a release acts only after a press that found the replay paused.
+    std::int32_t dragarmed = 0;
+    std::int32_t pressx = 0;
+    std::int16_t oblique70 = 0; // the menu entry ax70 "斜70度坐标" ticked
+    // The distance measurement with the cursor assembly: the first end (-1 while none is open), the
+    // second end, and the grip while it is dragged.
+    std::int32_t measurestart = -1, measureend = 0;
+    std::int16_t measuregrip = 0;
+    std::int32_t gripx = 0, gripy = 0;
+
+    // The A-mode picture Picture3 on the panel Picture5: the channel ("A".."I", or " " for the choice by
+    // the pointer) and the side it shows, the scan column and its limits, the cursor when it opened.
+    std::string amodechannel = " ";
+    std::string amodeside = "zhu";
+    std::int16_t allchannelview = 0; // -1 while the view of all channels runs
+    std::int32_t amodecolumn = 0, amodefirst = 0, amodelast = 0;
+    std::int32_t cursorx = 0, cursorcolumn = 0, cursorposition = 0;
+    std::int32_t paramindex = 0;
+    std::array<std::int16_t, 6> gatevalues{}; // gate 1, 2, 3 start and end on the time base
+    std::array<std::int16_t, 841> tracebuffer{};
+    std::int32_t echox = 0, latex = 0; // the echo and the late echo of the last frame
+    std::int32_t scrollheld = 0;       // 1 while HScroll9 holds the focus
+    std::int32_t clicky = 0;           // y of the last plain click on a picture
+    std::int16_t amodespeed = 6;       // HScroll1, 1 to 9
+    int T2interval = 30;               // ms
+    bool Picture5visible = false;
+    // Label10, the result of a measurement, and the seek controls it stands over.
+    bool Label10visible = false;
+    bool seekshown = true; // Label20 and Text1
 
     // The alignment window Formpk2, while it is open on one side (Command3 main, Command18 comparison).
     struct Alignment {
@@ -292,6 +339,7 @@ struct Station {
     Canvas* picture1 = nullptr; // the B-mode picture of the main side
     Canvas* picture6 = nullptr; // the B-mode picture of the comparison side
     Canvas* picture9 = nullptr; // the enlargement
+    Canvas* picture3 = nullptr; // the A-mode picture
     Clock* clock = nullptr;
 
     // How many processes run this program; the second-instance check asks it.
