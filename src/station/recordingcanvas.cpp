@@ -39,7 +39,9 @@ void RecordingCanvas::print(const std::string& text) {
 
 void RecordingCanvas::scale(double width, double top, double height) {
     Canvas::scale(width, top, height);
-    target().push_back(DrawOp{.kind = DrawOp::Kind::scale, .x1 = width, .y1 = top, .y2 = height});
+    // Before anything is drawn the scale is simply the canvas's own; within a picture it is an operation.
+    if (!target().empty())
+        target().push_back(DrawOp{.kind = DrawOp::Kind::scale, .x1 = width, .y1 = top, .y2 = height});
 }
 
 void RecordingCanvas::beginbackground(std::uint32_t color) {
