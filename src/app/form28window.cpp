@@ -1,5 +1,6 @@
 #include "app/form28window.h"
 
+#include "amode/amode.h"
 #include "app/dialogwindow.h"
 #include "app/pictureview.h"
 #include "app/startup.h"
@@ -18,6 +19,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QProgressBar>
 #include <QPushButton>
@@ -62,6 +64,8 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
     auto* outer = new QHBoxLayout(central);
     auto* layout = new QVBoxLayout();
     outer->addLayout(layout, 1);
+    canvas3_ = std::make_unique<RasterCanvas>(620, 430);
+    st_.picture3 = canvas3_.get();
     // The settings scroll on a small screen rather than push the window past it.
     auto* settings = new QScrollArea(central);
     settings->setWidget(settingscolumn(settings));
@@ -73,17 +77,22 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
     picture1_ = named(new PictureView(*canvas_, central), "Picture1");
     picture1_->setToolTip("按住鼠标移动可拖动坐标轴");
     picture1_->setoverlay([this](QPainter& painter) { drawruler(painter); });
-    connect(picture1_, &PictureView::pressed, this, &Form28Window::picturepressed);
-    connect(picture1_, &PictureView::moved, this, [this](QPointF at, Qt::MouseButtons buttons) {
-        if (!rulerdrag_ || !(buttons & Qt::LeftButton)) return;
-        moveruler(st_, st_.zhu, at.x() - rulerfrom_);
-        rulerfrom_ = at.x();
-        picture1_->update();
-    });
-    connect(picture1_, &PictureView::released, this, [this] { rulerdrag_ = false; });
+    connect(picture1_, &PictureView::pressed, this,
+            [this](Qt::MouseButton b, QPointF at) { picturemouse("down", b, at); });
+    connect(picture1_, &PictureView::moved, this,
+            [this](QPointF at, Qt::MouseButtons) { picturemouse("move", Qt::NoButton, at); });
+    connect(picture1_, &PictureView::released, this,
+            [this](Qt::MouseButton b, QPointF at) { picturemouse("up", b, at); });
+    label14_ = named(new QLabel(picture1_), "Label14");
+    label14_->setAttribute(Qt::WA_TransparentForMouseEvents);
     layout->addWidget(picture1_, 1);
+    // The A-mode panel floats over the picture's right end, the oldest stretch on screen; it can be
+    // dragged aside like the other panels.
+    picture5_ = amodepanel(central);
     popup_ = named(new QMenu(this), "a13");
-    for (const char* name : {"aqd", "azd", "qcqzd"}) popup_->addAction(QString())->setObjectName(name);
+    for (const char* name : {"aqd", "azd", "qcqzd", "axjd", "ax70"})
+        popup_->addAction(caption(name))->setObjectName(name);
+    popup_->findChild<QAction*>("ax70")->setCheckable(true);
 
     // The transport under the picture: direction, hand steps, play, the position bar and its speed.
     auto* transport = new QHBoxLayout();
@@ -101,6 +110,7 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
     transport->addWidget(hscroll8);
     label20_ = named(new QLabel(central), "Label20");
     transport->addWidget(label20_);
+    transport->addWidget(named(new QLabel(central), "Label10")); // the result of a measurement
     auto* text1 = named(new QLineEdit(central), "Text1");
     text1->setMaximumWidth(100);
     transport->addWidget(text1);
@@ -139,6 +149,12 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
     panels->addLayout(summary);
     layout->addLayout(panels);
 
+    t2_ = named(new QTimer(this), "T2");
+    connect(t2_, &QTimer::timeout, this, [this] {
+        act([this] {
+            if (st_.T2) amodetick(st_);
+        });
+    });
     t1_ = named(new QTimer(this), "T1");
     connect(t1_, &QTimer::timeout, this, [this] {
         act([this] {
@@ -164,7 +180,9 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
 
 Form28Window::~Form28Window() {
     t1_->stop();
+    t2_->stop();
     st_.picture1 = nullptr;
+    st_.picture3 = nullptr;
     ui_.setbar(nullptr);
     ui_.setbeforedialog(nullptr);
     ui_.setparent(nullptr);
@@ -235,26 +253,77 @@ void Form28Window::focuspicture() {
     if (picture1_->isEnabled() && picture1_->isVisible()) picture1_->setFocus();
 }
 
-void Form28Window::picturepressed(Qt::MouseButton button, QPointF at) {
-    if (!st_.form.mainviewenabled) return;
-    // A press on the ruler takes it along with the pointer.
-    if (button == Qt::LeftButton && !st_.alignment.open && onruler(st_.zhu, at.x())) {
-        rulerdrag_ = true;
-        rulerfrom_ = at.x();
-        return;
-    }
+void Form28Window::picturemouse(const char* kind, Qt::MouseButton button, QPointF at) {
     const std::string which = button == Qt::LeftButton    ? "left"
                               : button == Qt::RightButton ? "right"
                                                           : "none";
-    act([&] { mouse(st_, "Picture1", {"down", which, at.x(), at.y()}); });
+    const std::string k = kind;
+    // The grip and the labels of the cursor assembly: the mouse is the grip's, in its own x.
+    if (k == "down" && !st_.alignment.open && onruler(st_.zhu, at.x())) gripheld_ = true;
+    if (gripheld_) {
+        const double x = at.x() - st_.zhu.rulerx0;
+        act([&] { mouse(st_, "Labelyz", {k, which, x, at.y()}); });
+        if (k == "up") gripheld_ = false;
+        return;
+    }
+    act([&] { mouse(st_, "Picture1", {k, which, at.x(), at.y()}); });
     if (st_.form.popup != "a13") return;
     st_.form.popup.clear();
     popup_->popup(picture1_->mapToGlobal(picture1_->towidget(at).toPoint()));
 }
 
-// The depth ruler over the picture, in the guide colour; hidden while the alignment is open.
+QWidget* Form28Window::amodepanel(QWidget* parent) {
+    auto* panel = named(new QFrame(parent), "Picture5");
+    panel->setFrameShape(QFrame::Panel);
+    panel->setAutoFillBackground(true);
+    panel->setToolTip("按住鼠标移动可拖动坐标轴");
+    panel->installEventFilter(this);
+    auto* box = new QVBoxLayout(panel);
+    auto* head = new QHBoxLayout();
+    head->addWidget(named(new QLabel(panel), "Labelaxxs"), 1);
+    head->addWidget(named(new QLabel(panel), "Label32"));
+    box->addLayout(head);
+    picture3_ = named(new PictureView(*canvas3_, panel), "Picture3");
+    picture3_->setToolTip("左键暂停；右键连续播放");
+    picture3_->setFixedSize(434, 301);
+    connect(picture3_, &PictureView::pressed, this, [this](Qt::MouseButton b, QPointF at) {
+        const std::string which = b == Qt::LeftButton ? "left" : b == Qt::RightButton ? "right" : "none";
+        act([&] { mouse(st_, "Picture3", {"down", which, at.x(), at.y()}); });
+    });
+    box->addWidget(picture3_);
+    auto* channels = new QHBoxLayout();
+    for (const char* name : {"Command4", "Command5", "Command6", "Command7", "Command9", "Command10",
+                             "Command11", "Command32", "Command33", "Command39"}) {
+        auto* b = named(new QPushButton(caption(name), panel), name);
+        b->setFixedWidth(36);
+        channels->addWidget(b);
+    }
+    box->addLayout(channels);
+    auto* run = new QHBoxLayout();
+    run->addWidget(named(new QPushButton(caption("Command12"), panel), "Command12"));
+    run->addWidget(new QLabel("速度", panel));
+    run->addWidget(named(new QScrollBar(Qt::Horizontal, panel), "HScroll1"), 1);
+    box->addLayout(run);
+    auto* column = named(new QScrollBar(Qt::Horizontal, panel), "HScroll9");
+    column->setFocusPolicy(Qt::StrongFocus); // holding the bar holds the column
+    box->addWidget(column);
+    auto* sizes = new QHBoxLayout();
+    for (const char* name : {"Ls", "Ll", "Lh"}) sizes->addWidget(named(new QLabel(panel), name));
+    box->addLayout(sizes);
+    panel->adjustSize();
+    panel->hide();
+    return panel;
+}
+
+// The cursor assembly over the picture in the guide colour, hidden while the alignment is open; the
+// A-mode marker Lineyz(21) and the measuring line Lineyz(22).
 void Form28Window::drawruler(QPainter& painter) {
     if (st_.alignment.open || !st_.form.mainviewenabled) return;
+    for (const LineShape* l : {&st_.zhu.amodemarker, &st_.zhu.measuremark}) {
+        if (!l->visible) continue;
+        painter.setPen(QPen(qcolorof(l->color), 1));
+        painter.drawLine(picture1_->towidget({l->x1, l->y1}), picture1_->towidget({l->x2, l->y2}));
+    }
     const QColor colour = qcolorof(st_.settings.color("biaochicolor"));
     for (const RulerLine& l : rulerlines(st_.zhu.rulerx0)) {
         painter.setPen(QPen(colour, l.width));
@@ -299,12 +368,48 @@ void Form28Window::refresh() {
         centralWidget()->setAutoFillBackground(true);
     }
     label20_->setToolTip(QString::fromStdString(st_.form.Label20hint));
+    if (st_.Picture5visible && picture5_->isHidden()) {
+        // Away from the cursor, where the analyst looks: the other half of the picture.
+        const QRect at = picture1_->geometry();
+        const double cursor = picture1_->towidget({st_.zhu.rulerx0 + 20, 0}).x();
+        const int left = cursor > at.width() / 2 ? at.left() + 10 : at.right() - picture5_->width() - 10;
+        picture5_->move(std::max(at.left(), left), at.top() + 30);
+        picture5_->raise();
+    }
+    picture5_->setVisible(st_.Picture5visible);
+    const QPointF readout = picture1_->towidget({st_.zhu.Label14.left, st_.zhu.Label14.top});
+    label14_->move(readout.toPoint());
+    label14_->adjustSize();
+    label14_->raise();
+    if (st_.T2 && (!t2_->isActive() || t2_->interval() != st_.T2interval))
+        t2_->start(st_.T2interval);
+    else if (!st_.T2 && t2_->isActive())
+        t2_->stop();
+    picture3_->update();
     // The replay timer runs while the logic says so, at the interval of the speed.
     if (st_.T1 && (!t1_->isActive() || t1_->interval() != st_.T1interval))
         t1_->start(st_.T1interval);
     else if (!st_.T1 && t1_->isActive())
         t1_->stop();
     picture1_->update();
+}
+
+// The A-mode panel follows the pointer while the left button holds it.
+bool Form28Window::eventFilter(QObject* watched, QEvent* event) {
+    const QEvent::Type type = event->type();
+    if (watched == picture5_ && (type == QEvent::MouseButtonPress || type == QEvent::MouseMove ||
+                                 type == QEvent::MouseButtonRelease)) {
+        auto* mouse = static_cast<QMouseEvent*>(event);
+        if (type == QEvent::MouseButtonPress && mouse->button() == Qt::LeftButton) {
+            panelgrip_ = mouse->position().toPoint();
+            panelheld_ = true;
+        } else if (type == QEvent::MouseMove && panelheld_) {
+            picture5_->move(picture5_->pos() + mouse->position().toPoint() - panelgrip_);
+        } else if (type == QEvent::MouseButtonRelease) {
+            panelheld_ = false;
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
 }
 
 void Form28Window::showEvent(QShowEvent* event) {
@@ -328,8 +433,9 @@ void Form28Window::activate() {
 }
 
 void Form28Window::closeEvent(QCloseEvent* event) {
-    st_.T1 = false; // closing during replay stops it first
+    st_.T1 = st_.T2 = false; // closing during replay stops both timers first
     t1_->stop();
+    t2_->stop();
     if (formpk2_) formpk2_->close();
     windowunload(st_);
     event->accept();

@@ -1,6 +1,7 @@
 #pragma once
 // The main window: shows the station's state and forwards the user's acts to the logic.
 #include <QMainWindow>
+#include <QPoint>
 #include <QPointF>
 #include <QPointer>
 
@@ -47,6 +48,7 @@ class Form28Window : public QMainWindow {
     void activated();
 
   protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
@@ -60,14 +62,22 @@ class Form28Window : public QMainWindow {
     void showformpk2();
     // Picture1 takes the focus back if it can.
     void focuspicture();
-    // A press on the picture: the ruler's drag, or the press of the view with its popup menu a13.
-    void picturepressed(Qt::MouseButton button, QPointF at);
+    // The mouse on the picture: on the grip of the cursor assembly it goes to Labelyz, elsewhere to the
+    // view (press with its popup menu a13, the read-out, drag or click).
+    void picturemouse(const char* kind, Qt::MouseButton button, QPointF at);
+    // The A-mode panel Picture5 beside the picture.
+    QWidget* amodepanel(QWidget* parent);
     void drawruler(QPainter& painter);
 
     Station& st_;
     DialogUi& ui_;
     std::unique_ptr<RasterCanvas> canvas_;
+    std::unique_ptr<RasterCanvas> canvas3_; // the A-mode picture
     PictureView* picture1_ = nullptr;
+    PictureView* picture3_ = nullptr;
+    QWidget* picture5_ = nullptr;
+    QLabel* label14_ = nullptr;
+    QTimer* t2_ = nullptr;
     QProgressBar* pb1_ = nullptr;
     QTimer* t1_ = nullptr;
     std::vector<QLabel*> colours_; // Lysa..Lysi
@@ -75,8 +85,9 @@ class Form28Window : public QMainWindow {
     QLabel* label20_ = nullptr;
     ControlView* controls_ = nullptr;
     QPointer<Formpk2Window> formpk2_;
-    bool rulerdrag_ = false;
-    double rulerfrom_ = 0;
+    bool gripheld_ = false;  // a press on the grip goes on to its move and release
+    bool panelheld_ = false; // the A-mode panel dragged by the pointer
+    QPoint panelgrip_;
     bool activationqueued_ = false;
     bool activated_ = false;
 };

@@ -97,6 +97,7 @@ void ControlView::show(const Binding& b) {
     if (auto* entry = qobject_cast<QAction*>(b.object)) {
         entry->setEnabled(c->isenabled(st_));
         entry->setVisible(c->isvisible(st_));
+        if (entry->isCheckable() && c->value) entry->setChecked(c->value(st_) != 0);
         if (!caption.isEmpty() && entry->text() != caption) entry->setText(caption);
         return;
     }

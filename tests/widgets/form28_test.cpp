@@ -359,6 +359,41 @@ TEST_F(Form28Replay, AllChannelsBoxShowsWhileEveryChannelShows) {
     EXPECT_TRUE(control<QCheckBox>("Check2")->isChecked());
 }
 
+// A click at an echo of channel B opens its A-scan beside the picture and runs it.
+TEST_F(Form28Replay, ClickOnAnEchoOpensTheAModeOfTheNearestChannel) {
+    window->show();
+    auto* picture = control<PictureView>("Picture1");
+    const double x = 500, y = 200;
+    // The cursor line stands 50 units right of the click; its column's position.
+    const std::int64_t cursor = st.settings.viewspan - static_cast<std::int64_t>(x + 50) + st.zhu.viewindex;
+    for (std::int64_t c = cursor - 40; c <= cursor + 40; ++c)
+        for (int k = 0; k < 9; ++k) st.zhu.samplegrid[st.zhu.mapat(st.zhu.pinkongval[k] + c)][k] = 0;
+    const std::string& kind = st.zhu.channelkind[1];
+    const double f = kind == "25" || kind == "26"                   ? 0.777
+                     : kind == "45" || kind == "46" || kind == "47" ? st.cos70
+                                                                    : 1.0;
+    st.zhu.samplegrid[st.zhu.mapat(st.zhu.pinkongval[1] + cursor + 3)][1] =
+        static_cast<std::int16_t>(std::lround((y - 12) / f));
+    QTest::mouseClick(picture, Qt::LeftButton, {}, picture->towidget({x, y}).toPoint());
+    EXPECT_TRUE(control<QWidget>("Picture5")->isVisible());
+    EXPECT_TRUE(control<QTimer>("T2")->isActive());
+    EXPECT_EQ(control<QLabel>("Labelaxxs")->text().toStdString(), "B通道A型显示");
+    control<QLabel>("Label32")->setFocus();
+    QTest::mouseClick(control<QLabel>("Label32"), Qt::LeftButton);
+    EXPECT_FALSE(control<QWidget>("Picture5")->isVisible());
+    EXPECT_FALSE(control<QTimer>("T2")->isActive());
+}
+
+TEST_F(Form28Replay, ClosingWhileTheAModeRunsStopsItsTimer) {
+    window->show();
+    auto* picture = control<PictureView>("Picture1");
+    QTest::mouseClick(picture, Qt::LeftButton, {}, picture->towidget({400, 100}).toPoint());
+    ASSERT_TRUE(control<QTimer>("T2")->isActive());
+    window->close();
+    EXPECT_FALSE(st.T2);
+    EXPECT_FALSE(control<QTimer>("T2")->isActive());
+}
+
 TEST_F(Form28Replay, TinyWindowStillReplays) {
     window->show();
     window->resize(40, 30);

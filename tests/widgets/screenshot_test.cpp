@@ -11,11 +11,14 @@
 
 #include "generator.h"
 
+#include "amode/amode.h"
 #include <QApplication>
 #include <QDir>
 #include <QImage>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QTest>
+
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -82,6 +85,28 @@ TEST_F(Form28Screenshot, DemoAtADefectShowsItsEchoes) {
     ASSERT_FALSE(demo.truth.defects.empty());
     const QImage image = showat(demo.truth.defects.front().second, "form28-defect");
     EXPECT_GT(echoes(image, 500, 700, 20, st.zhu.railfootrow - 10), 5);
+}
+
+// A click at the joint opens the A-mode beside the picture; a few frames later it is saved.
+TEST_F(Form28Screenshot, AModeOpenAtAJoint) {
+    const std::int32_t joint = demo.truth.joints.front();
+    showat(joint, "form28-joint");
+    // The 0 degree probe loses its bottom echo over the bolt holes: click on a hole's echo of channel C.
+    const QPoint at = picture->towidget({600 - 50, 200}).toPoint();
+    QTest::mouseClick(picture, Qt::LeftButton, {}, at);
+    ASSERT_TRUE(st.Picture5visible);
+    // The first channel with an echo in the time base at the cursor.
+    for (const char* button : {"Command4", "Command5", "Command6", "Command7", "Command9", "Command10"}) {
+        window->findChild<QPushButton*>(button)->click();
+        drawamodeframe(st, false);
+        if (st.echox >= 1 && st.echox < 810) break;
+    }
+    for (int n = 0; n < 3; ++n) amodetick(st);
+    window->refresh();
+    QApplication::processEvents();
+    EXPECT_TRUE(window->grab().save(QString(ORVANE_ARTIFACTS) + "/form28-amode.png"));
+    EXPECT_TRUE(window->findChild<QWidget*>("Picture5")->isVisible());
+    EXPECT_TRUE(st.zhu.amodemarker.visible);
 }
 
 TEST_F(Form28Screenshot, AlignmentWindowOverTheDemo) {
