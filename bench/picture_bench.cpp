@@ -1,6 +1,8 @@
 // One redraw of the B-mode picture on the large synthetic recording (22 km, 6.29 million positions)
 // beside the clear to the background alone, the clip map of the whole recording and a seek by
-// kilometre.
+// kilometre; one tick of the A-mode of one channel (with an echo and a late echo) and of all channels
+// beside the clear of Picture3.
+#include "amode/amode.h"
 #include "app/startup.h"
 #include "bmode/bmode.h"
 #include "generator.h"
@@ -97,6 +99,60 @@ void SeekKilometre(benchmark::State& state) {
     state.counters["hits"] = l.st.seekcount;
 }
 BENCHMARK(SeekKilometre)->Unit(benchmark::kMillisecond);
+
+// The A-mode of channel G opened at the middle of the picture, its cells at the scan column given an
+// echo and a late echo, so that every tick draws the whole trace with both shapes.
+struct AModeOpen {
+    orvane::RasterCanvas picture3{620, 430};
+    AModeOpen() {
+        Loaded& l = loaded();
+        l.st.picture3 = &picture3;
+        l.st.zhu.viewindex = 600;
+        l.st.zhu.rulerx0 = 580;
+        l.st.amodechannel = "G";
+        orvane::openamode(l.st);
+        l.st.zhu.channelscale[6] = 1;
+        l.st.settings.latewaveshown = 0;
+        for (std::int32_t c = 0; c <= l.st.amodelast + 1; ++c) {
+            const std::int32_t row = l.st.zhu.mapat(l.st.zhu.viewindex + c + l.st.zhu.pinkongval[6]);
+            l.st.zhu.rawgrid[row][6] = 40;    // the echo at 160
+            l.st.zhu.samplegrid[row][10] = 5; // the late echo at 619
+        }
+    }
+};
+
+AModeOpen& amode() {
+    static AModeOpen a;
+    return a;
+}
+
+void AModeTick(benchmark::State& state) {
+    Loaded& l = loaded();
+    amode();
+    for (auto _ : state) {
+        if (l.st.amodecolumn >= l.st.amodelast) l.st.amodecolumn = 20;
+        orvane::drawamodeframe(l.st, true);
+    }
+    state.counters["echox"] = l.st.echox;
+    state.counters["latex"] = l.st.latex;
+}
+BENCHMARK(AModeTick)->Unit(benchmark::kMicrosecond);
+
+void AllChannelTick(benchmark::State& state) {
+    Loaded& l = loaded();
+    amode();
+    orvane::openallchannels(l.st);
+    for (auto _ : state) {
+        if (l.st.amodecolumn >= l.st.amodelast) l.st.amodecolumn = 20;
+        orvane::allchanneltick(l.st);
+    }
+}
+BENCHMARK(AllChannelTick)->Unit(benchmark::kMicrosecond);
+
+void ClearPicture3(benchmark::State& state) {
+    for (auto _ : state) amode().picture3.clear();
+}
+BENCHMARK(ClearPicture3)->Unit(benchmark::kMicrosecond);
 
 } // namespace
 

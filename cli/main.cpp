@@ -116,7 +116,8 @@ std::optional<std::string> parse(int argc, char** argv, Arguments& a) {
             a.actions.push_back(*v);
         } else if (arg == "--canvas") {
             auto v = next();
-            if (!v || (*v != "Picture1" && *v != "Picture3")) return "--canvas takes Picture1 or Picture3";
+            if (!v || (*v != "Picture1" && *v != "Picture3" && *v != "Picture9"))
+                return "--canvas takes Picture1, Picture3 or Picture9";
             a.canvas = *v;
         } else if (arg == "--png" || arg == "--ops") {
             auto v = next();
@@ -181,10 +182,14 @@ std::optional<int> applysets(orvane::Station& st, const Arguments& args) {
 // the state they leave, also on a recording without samples, whose window refuses most acts.
 int frame(orvane::Station& st, orvane::ScriptedUi& ui, const Arguments& args) {
     const std::string& file = args.positional[0];
-    orvane::RecordingCanvas picture1, picture3;
+    orvane::RecordingCanvas picture1, picture3, picture9;
     st.picture1 = &picture1;
     st.picture3 = &picture3;
-    const orvane::RecordingCanvas& canvas = args.canvas == "Picture3" ? picture3 : picture1;
+    st.picture9 = &picture9;
+    picture9.scale(300, 0, 410);
+    const orvane::RecordingCanvas& canvas = args.canvas == "Picture3"   ? picture3
+                                            : args.canvas == "Picture9" ? picture9
+                                                                        : picture1;
     orvane::windowload(st, file);
     if (st.process.ended)
         return failed(ui.messages.empty() ? file + " cannot be opened" : ui.messages.back());

@@ -119,6 +119,7 @@ void lineshape(Json& j, const std::string& name, const LineShape& l) {
 void controlsstate(Json& j, const Station& st) {
     j.key("controls").beginobject();
     lineshape(j, "Lineyz(21)", st.zhu.amodemarker);
+    lineshape(j, "Lineyz(22)", st.zhu.measuremark);
     if (st.form.comparisonvisible) lineshape(j, "Lineyzdb(21)", st.cong.amodemarker);
     for (const Control& c : st.controls.all()) {
         if (c.kind == ControlKind::grid || !st.controls.isopen(st, ControlTable::formof(c.name))) continue;
@@ -179,6 +180,15 @@ std::string statejson(Station& st, const std::vector<std::string>& messages) {
     j.key("echox").value(st.echox).key("latex").value(st.latex);
     j.key("scrollheld").value(st.scrollheld).key("clicky").value(st.clicky);
     j.key("T2interval").value(st.T2interval);
+    j.key("dragarmed")
+        .value(st.dragarmed)
+        .key("pressx")
+        .value(st.pressx)
+        .key("oblique70")
+        .value(st.oblique70);
+    j.key("measurestart").value(st.measurestart).key("measureend").value(st.measureend);
+    j.key("measuregrip").value(st.measuregrip);
+    j.key("Picture9visible").value(st.Picture9visible).key("magnifierfactor").value(st.magnifierfactor);
     j.key("seekhits").beginarray();
     for (int i = 0; i < st.seekcount; ++i) j.value(st.seekhits[i]);
     j.endarray();

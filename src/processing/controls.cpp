@@ -2,6 +2,7 @@
 
 #include "amode/amode.h"
 #include "processing/pointer.h"
+#include "processing/zoom.h"
 #include "station/station.h"
 
 namespace orvane {
@@ -83,10 +84,62 @@ void pointers(Station& st) {
     st.controls.add(check);
 }
 
+// The enlarged view, the defect note and the magnifier.
+void closerlook(Station& st) {
+    st.hooks.zoom = drawenlargement;
+    Control button = control("Command21", ControlKind::button, "放大");
+    button.enabled = loaded;
+    button.click = [](Station& st, const std::string&) { enlarge(st); };
+    button.mouse = [](Station& st, const MouseAct& act) { // a right release opens the magnifier
+        if (act.kind == "up" && act.button == "right") openmagnifier(st);
+    };
+    st.controls.add(button);
+    Control picture = control("Picture9", ControlKind::canvas);
+    picture.visible = [](const Station& st) { return st.Picture9visible; };
+    st.controls.add(picture);
+    Control close = control("Label9", ControlKind::label, "关闭");
+    close.visible = [](const Station& st) { return st.Picture9visible; };
+    close.click = [](Station& st, const std::string&) { closeenlargement(st); };
+    st.controls.add(close);
+    Control note = control("Textbz", ControlKind::textbox);
+    note.textof = [](const Station& st) { return st.Textbz; };
+    note.text = [](Station& st, const std::string& text) {
+        st.Textbz = text;
+        drawdefectnote(st);
+    };
+    st.controls.add(note);
+    for (const auto& [name, field] :
+         {std::pair{"HScroll2", &Station::HScroll2}, {"VScroll1", &Station::VScroll1}}) {
+        Control bar = control(name, ControlKind::scrollbar);
+        bar.min = -300;
+        bar.max = 300;
+        bar.value = [field](const Station& st) { return st.*field; };
+        bar.change = [field](Station& st, int value) {
+            st.*field = value;
+            drawdefectnote(st);
+        };
+        st.controls.add(bar);
+    }
+    Control entry = control("asssr", ControlKind::menuentry, "伤损输入");
+    entry.visible = [](const Station&) { return false; }; // hidden when the window loads, for good
+    st.controls.add(entry);
+    st.controls.addform({"Form10", [](const Station& st) { return st.Form10open; },
+                         [](Station& st) { st.Form10open = false; }});
+    const char* const captions[] = {"0.5倍", "1倍", "2倍", "5倍"};
+    for (int i = 0; i < 4; ++i) {
+        Control option =
+            control("Form10.Option1(" + std::to_string(i) + ")", ControlKind::option, captions[i]);
+        option.value = [i](const Station& st) { return st.magnifierfactor == magnifierfactors[i] ? 1 : 0; };
+        option.click = [i](Station& st, const std::string&) { magnifierfactor(st, i); };
+        st.controls.add(option);
+    }
+}
+
 } // namespace
 
 void registerprocessing(Station& st) {
     pointers(st);
+    closerlook(st);
     for (int k = 0; k < 9; ++k) {
         Control check =
             control(filterchecks[k], ControlKind::checkbox, std::string(1, static_cast<char>('A' + k)));

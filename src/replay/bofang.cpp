@@ -117,6 +117,7 @@ void positionlabels(Station& st, Side& side) {
 void bofang(Station& st, Side& side) {
     Canvas* c = pictureof(st, side);
     if (c) c->clear();
+    if (side.main && st.Picture9visible && st.hooks.zoom) st.hooks.zoom(st); // the enlargement follows
     if (st.direction == -1) side.jobcursor = side.paramcursor = side.markcursor = side.samplecursor = 0;
     const std::int32_t here = side.mapat(side.viewindex);
     if (follow(side.jobcursor, side.jobpos, side.jobcount, 1000, here, side.jobcount - 1))

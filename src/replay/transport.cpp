@@ -100,6 +100,7 @@ namespace {
 bool tickmain(Station& st) {
     Side& s = st.zhu;
     if (st.direction == 1 && st.settings.reverseshow == 0) fzjjsz(st, s); // Option1
+    st.Picture9visible = false;
     if (st.direction == -1 && s.viewindex < 1300) {
         message(st, {atstartmessage, "start"});
         st.T1 = false;

@@ -322,6 +322,14 @@ struct Station {
     std::int16_t amodespeed = 6;       // HScroll1, 1 to 9
     int T2interval = 30;               // ms
     bool Picture5visible = false;
+    // The enlarged view Picture9 over the picture, the defect note typed into Textbz with its offsets,
+    // and the magnifier Form10 with its factor.
+    bool Picture9visible = false;
+    std::string Textbz;
+    std::int32_t HScroll2 = 0, VScroll1 = 0;
+    bool Form10open = false;
+    double magnifierfactor = 1.5;
+    std::string Form10caption = "放大镜";
     // Label10, the result of a measurement, and the seek controls it stands over.
     bool Label10visible = false;
     bool seekshown = true; // Label20 and Text1
@@ -352,6 +360,7 @@ struct Station {
         std::function<void(Station&, Side&)> rebuildmap; // the view map of a side after its walk
         std::function<void(Station&, Side&)> bofang;     // a side drawn anew at its view
         std::function<void(Station&)> redrawrail;        // scale and rail anew for a new rail code
+        std::function<void(Station&)> zoom;              // the enlarged view anew while it shows
     } hooks;
 };
 
