@@ -6,6 +6,7 @@
 #include "app/startup.h"
 #include "bmode/bmode.h"
 #include "bmode/formpk2window.h"
+#include "processing/form10window.h"
 #include "render/rastercanvas.h"
 #include "replay/transport.h"
 #include "station/controlview.h"
@@ -89,6 +90,15 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
     // The A-mode panel floats over the picture's right end, the oldest stretch on screen; it can be
     // dragged aside like the other panels.
     picture5_ = amodepanel(central);
+    canvas9_ = std::make_unique<RasterCanvas>(300, 410);
+    st_.picture9 = canvas9_.get();
+    enlargement_ = new QFrame(central);
+    auto* zoom = new QVBoxLayout(enlargement_);
+    zoom->setContentsMargins(2, 2, 2, 2);
+    zoom->addWidget(named(new QLabel(enlargement_), "Label9"), 0, Qt::AlignRight);
+    picture9_ = named(new PictureView(*canvas9_, enlargement_), "Picture9");
+    zoom->addWidget(picture9_, 1);
+    enlargement_->hide();
     popup_ = named(new QMenu(this), "a13");
     for (const char* name : {"aqd", "azd", "qcqzd", "axjd", "ax70"})
         popup_->addAction(caption(name))->setObjectName(name);
@@ -96,8 +106,11 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
 
     // The transport under the picture: direction, hand steps, play, the position bar and its speed.
     auto* transport = new QHBoxLayout();
-    for (const char* name : {"Command26", "Command27", "Command3", "Command8", "Command34", "Command25"})
+    for (const char* name :
+         {"Command26", "Command27", "Command3", "Command8", "Command34", "Command25", "Command21"})
         transport->addWidget(button(name));
+    // A right release on "放大" opens the magnifier.
+    findChild<QPushButton*>("Command21")->installEventFilter(this);
     auto* hscrolljd = named(new QScrollBar(Qt::Horizontal, central), "HScrolljd");
     hscrolljd->setFocusPolicy(Qt::StrongFocus); // taking the focus stops a running replay
     connect(hscrolljd, &QScrollBar::sliderReleased, this, [this] { focuspicture(); });
@@ -183,6 +196,7 @@ Form28Window::~Form28Window() {
     t2_->stop();
     st_.picture1 = nullptr;
     st_.picture3 = nullptr;
+    st_.picture9 = nullptr;
     ui_.setbar(nullptr);
     ui_.setbeforedialog(nullptr);
     ui_.setparent(nullptr);
@@ -219,6 +233,13 @@ QWidget* Form28Window::settingscolumn(QWidget* parent) {
         ++at;
     }
     box->addWidget(colours);
+    // The defect note on the picture and the two bars that shift it.
+    auto* note = new QGroupBox("伤损标注", column);
+    auto* noterow = new QGridLayout(note);
+    noterow->addWidget(named(new QLineEdit(note), "Textbz"), 0, 0, 1, 2);
+    noterow->addWidget(named(new QScrollBar(Qt::Horizontal, note), "HScroll2"), 1, 0);
+    noterow->addWidget(named(new QScrollBar(Qt::Horizontal, note), "VScroll1"), 1, 1);
+    box->addWidget(note);
     // The bars of the dot size, the hand step and the length of a reportable bottom-echo loss.
     for (const auto& [name, caption] :
          {std::pair{"HScroll7", "点大小设置"}, std::pair{"HScroll3", "手动步进值"},
@@ -347,6 +368,15 @@ void Form28Window::act(const std::function<void()>& handler) {
     }
     refresh();
     showformpk2();
+    showform10();
+}
+
+void Form28Window::showform10() {
+    if (!st_.Form10open || form10_) return;
+    form10_ = new Form10Window(
+        st_, [this](const std::function<void()>& h) { act(h); }, this);
+    form10_->setAttribute(Qt::WA_DeleteOnClose);
+    form10_->show();
 }
 
 void Form28Window::refresh() {
@@ -354,6 +384,7 @@ void Form28Window::refresh() {
     pb1_->setVisible(st_.form.pb1visible);
     controls_->refresh();
     if (formpk2_) formpk2_->refresh();
+    if (form10_) form10_->refresh();
     for (int k = 0; k < 9; ++k) {
         const QString sheet = QString("background-color: %1; border: 1px solid gray;")
                                   .arg(qcolorof(st_.settings.channelcolor[k]).name());
@@ -368,6 +399,17 @@ void Form28Window::refresh() {
         centralWidget()->setAutoFillBackground(true);
     }
     label20_->setToolTip(QString::fromStdString(st_.form.Label20hint));
+    if (st_.Picture9visible && enlargement_->isHidden()) {
+        // Over the left third of the picture, its bottom at the rail's foot.
+        const QRect at = picture1_->geometry();
+        const int bottom =
+            at.top() + static_cast<int>(picture1_->towidget({0, double(st_.zhu.railfootrow)}).y());
+        const int height = std::max(120, bottom - at.top());
+        enlargement_->setGeometry(at.left(), bottom - height, at.width() / 3, height);
+        enlargement_->raise();
+    }
+    enlargement_->setVisible(st_.Picture9visible);
+    picture9_->update();
     if (st_.Picture5visible && picture5_->isHidden()) {
         // Away from the cursor, where the analyst looks: the other half of the picture.
         const QRect at = picture1_->geometry();
@@ -397,6 +439,9 @@ void Form28Window::refresh() {
 // The A-mode panel follows the pointer while the left button holds it.
 bool Form28Window::eventFilter(QObject* watched, QEvent* event) {
     const QEvent::Type type = event->type();
+    if (watched->objectName() == "Command21" && type == QEvent::MouseButtonRelease &&
+        static_cast<QMouseEvent*>(event)->button() == Qt::RightButton)
+        act([this] { mouse(st_, "Command21", {"up", "right", 0, 0}); });
     if (watched == picture5_ && (type == QEvent::MouseButtonPress || type == QEvent::MouseMove ||
                                  type == QEvent::MouseButtonRelease)) {
         auto* mouse = static_cast<QMouseEvent*>(event);

@@ -29,6 +29,7 @@ namespace orvane {
 struct Station;
 class ControlView;
 class DialogUi;
+class Form10Window;
 class Formpk2Window;
 class PictureView;
 class RasterCanvas;
@@ -60,6 +61,8 @@ class Form28Window : public QMainWindow {
     QWidget* settingscolumn(QWidget* parent);
     // The alignment window over this one while the logic has it open; the picture follows each change.
     void showformpk2();
+    // The magnifier while the logic has it open.
+    void showform10();
     // Picture1 takes the focus back if it can.
     void focuspicture();
     // The mouse on the picture: on the grip of the cursor assembly it goes to Labelyz, elsewhere to the
@@ -85,8 +88,12 @@ class Form28Window : public QMainWindow {
     QLabel* label20_ = nullptr;
     ControlView* controls_ = nullptr;
     QPointer<Formpk2Window> formpk2_;
-    bool gripheld_ = false;  // a press on the grip goes on to its move and release
-    bool panelheld_ = false; // the A-mode panel dragged by the pointer
+    QPointer<Form10Window> form10_;
+    std::unique_ptr<RasterCanvas> canvas9_; // the enlargement
+    PictureView* picture9_ = nullptr;
+    QWidget* enlargement_ = nullptr; // Picture9 with its close label Label9
+    bool gripheld_ = false;          // a press on the grip goes on to its move and release
+    bool panelheld_ = false;         // the A-mode panel dragged by the pointer
     QPoint panelgrip_;
     bool activationqueued_ = false;
     bool activated_ = false;

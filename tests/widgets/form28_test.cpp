@@ -16,6 +16,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QDialog>
 #include <QDir>
 #include <QLabel>
 #include <QLineEdit>
@@ -392,6 +393,24 @@ TEST_F(Form28Replay, ClosingWhileTheAModeRunsStopsItsTimer) {
     window->close();
     EXPECT_FALSE(st.T2);
     EXPECT_FALSE(control<QTimer>("T2")->isActive());
+}
+
+TEST_F(Form28Replay, EnlargeShowsTheStripOverThePictureAndARightReleaseTheMagnifier) {
+    window->show();
+    auto* enlarge = control<QPushButton>("Command21");
+    enlarge->click();
+    EXPECT_TRUE(control<QWidget>("Picture9")->isVisible());
+    QTest::mouseClick(control<QLabel>("Label9"), Qt::LeftButton);
+    EXPECT_FALSE(control<QWidget>("Picture9")->isVisible());
+    QTest::mouseRelease(enlarge, Qt::RightButton);
+    auto* form10 = window->findChild<QDialog*>("Form10");
+    ASSERT_NE(form10, nullptr);
+    EXPECT_TRUE(form10->isVisible());
+    EXPECT_TRUE(form10->windowFlags() & Qt::WindowStaysOnTopHint);
+    form10->findChild<QRadioButton*>("Option1(3)")->click();
+    EXPECT_EQ(st.magnifierfactor, 6.0);
+    form10->reject();
+    EXPECT_FALSE(st.Form10open);
 }
 
 TEST_F(Form28Replay, TinyWindowStillReplays) {
