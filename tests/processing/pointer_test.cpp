@@ -1,4 +1,5 @@
 // The pointer on the B-mode picture and the distance measurement with the cursor assembly.
+#include "amode/amode.h"
 #include "processing/pointer.h"
 #include "station/controls.h"
 #include "station/station.h"
@@ -206,6 +207,29 @@ TEST_F(Measure, TheViewMayScrollBetweenTheEnds) {
     press(st, "Label10");
     EXPECT_TRUE(reach(st, "Label20").isvisible(st));
     EXPECT_FALSE(reach(st, "Label10").isvisible(st));
+}
+
+} // namespace
+
+namespace {
+
+TEST_F(Pointer, ClicksOutsideThePictureWithoutAParameterRecordLeaveAClearState) {
+    s.paramrec.clear(); // no parameter record in force
+    for (const double x : {5000.0, -300.0}) {
+        down(x, -50);
+        up(x, -50);
+        EXPECT_TRUE(st.Picture5visible) << x;
+        EXPECT_EQ(st.gatevalues, (std::array<std::int16_t, 6>{})) << x;
+        EXPECT_GE(st.amodecolumn, 0) << x;
+        move(x, -50);
+    }
+    EXPECT_EQ(st.amodecolumn, 1200 + 250); // the cursor line at -250: the column is beyond the picture
+    amodetick(st);                         // beyond the last column: paused at column 20
+    EXPECT_EQ(st.amodecolumn, 20);
+    EXPECT_FALSE(st.T2);
+    press(st, "Command40"); // a colour change while the A-mode runs
+    press(st, "Command4");
+    EXPECT_EQ(st.form.captions["Labelaxxs"], "A通道A型显示");
 }
 
 } // namespace
