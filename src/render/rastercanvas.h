@@ -21,6 +21,8 @@ class RasterCanvas : public Canvas {
 
   private:
     QPointF topixel(double x, double y) const;
+    // A square of drawwidth pixels at P.
+    void plot(QPointF p, QRgb value);
     QImage image_;
     QImage background_;
 };
