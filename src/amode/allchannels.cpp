@@ -45,6 +45,7 @@ void drawecho(Canvas& c, int k, std::int32_t x) {
 } // namespace
 
 void openallchannels(Station& st) {
+    st.amodeside = "zhu"; // the view of all channels exists for the main side only
     Side& side = st.zhu;
     opencursor(st, side, false);
     st.form.captions["Labelaxxs"] = " A型显示";

@@ -14,10 +14,6 @@ namespace orvane {
 
 namespace {
 
-bool english(const Station& st) {
-    return st.language == "english";
-}
-
 // The echo shape at offsets 7 to 20 behind the echo's own point.
 constexpr std::int16_t echoshape[14] = {10, 30, 60, 100, 160, 180, 240, 260, 310, 340, 352, 363, 370, 376};
 constexpr int tracelast = 840; // the highest element of tracebuffer
@@ -126,7 +122,7 @@ void readgates(Station& st, const Side& side, int k) {
 void opencursor(Station& st, Side& side, bool choose) {
     side.main ? loadall(st) : loadalldb(st);
     st.Picture5visible = true;
-    const std::int32_t x = static_cast<std::int32_t>(std::floor(side.rulerx0 + 20)); // X1 of Lineyz(0)
+    const std::int32_t x = static_cast<std::int32_t>(std::trunc(cursorline(side))); // the fraction dropped
     st.T2 = false;
     const int viewspan = st.settings.viewspan;
     st.cursorposition = viewspan - x + side.viewindex;

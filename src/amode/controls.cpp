@@ -29,10 +29,7 @@ void registeramode(Station& st) {
     }
     Control all = control("Command39", ControlKind::button, "全");
     all.visible = panelshown;
-    all.click = [](Station& st, const std::string&) {
-        st.amodeside = "zhu";
-        openallchannels(st);
-    };
+    all.click = [](Station& st, const std::string&) { openallchannels(st); };
     st.controls.add(all);
     Control run = control("Command12", ControlKind::button, "播放暂停");
     run.visible = panelshown;

@@ -413,7 +413,7 @@ void Form28Window::refresh() {
     if (st_.Picture5visible && picture5_->isHidden()) {
         // Away from the cursor, where the analyst looks: the other half of the picture.
         const QRect at = picture1_->geometry();
-        const double cursor = picture1_->towidget({st_.zhu.rulerx0 + 20, 0}).x();
+        const double cursor = picture1_->towidget({cursorline(st_.zhu), 0}).x();
         const int left = cursor > at.width() / 2 ? at.left() + 10 : at.right() - picture5_->width() - 10;
         picture5_->move(std::max(at.left(), left), at.top() + 30);
         picture5_->raise();

@@ -41,6 +41,10 @@ std::vector<RulerLabel> rulerlabels(double x0);
 bool onruler(const Side& side, double x);
 // The ruler dragged by DX canvas units; it stays on the picture.
 void moveruler(Station& st, Side& side, double dx);
+// The ruler, which is also the cursor assembly, placed with its labels at X.
+void placecursor(Side& side, double x);
+// The x of the cursor line Lineyz(0): the ruler's spine, 20 units right of its labels.
+double cursorline(const Side& side);
 
 // The rows below the running surface of a rail code: head, web, foot (without the 18 above them).
 struct RailRows {

@@ -9,10 +9,6 @@ namespace orvane {
 
 namespace {
 
-bool loaded(const Station& st) {
-    return st.form.mainviewenabled;
-}
-
 void redrawmain(Station& st) {
     st.hooks.bofang(st, st.zhu);
 }
@@ -42,7 +38,7 @@ void channelboxes(Station& st) {
     for (int k = 0; k < 9; ++k) {
         Control c = control(boxes[k], ControlKind::checkbox, std::string(1, static_cast<char>('A' + k)));
         c.value = [k](const Station& st) { return st.form.channelshown[k] ? 1 : 0; };
-        c.enabled = loaded;
+        c.enabled = recordingloaded;
         c.click = [k](Station& st, const std::string&) {
             st.form.channelshown[k] = !st.form.channelshown[k];
             redrawmain(st);
@@ -51,7 +47,7 @@ void channelboxes(Station& st) {
     }
     Control all = control("Check8", ControlKind::checkbox, "全部");
     all.value = [](const Station& st) { return st.form.allchannelsshown() ? 1 : 0; };
-    all.enabled = loaded;
+    all.enabled = recordingloaded;
     all.click = [](Station& st, const std::string&) { // every channel shown, or none once all are
         st.form.channelshown.fill(!st.form.allchannelsshown());
         redrawmain(st);
@@ -110,7 +106,7 @@ void colours(Station& st) {
                                            "fcolor", "gcolor", "hcolor", "icolor"};
     for (int k = 0; k < 9; ++k) {
         Control c = control(std::string("Lys") + static_cast<char>('a' + k), ControlKind::label);
-        c.enabled = loaded;
+        c.enabled = recordingloaded;
         const std::string key = channels[k];
         c.click = [key](Station& st, const std::string&) {
             if (choosecolor(st, key)) repaint(st);
@@ -186,7 +182,7 @@ void formpk2(Station& st) {
 
 void alignmentbuttons(Station& st) {
     Control main = control("Command3", ControlKind::button, "拼  孔");
-    main.enabled = loaded;
+    main.enabled = recordingloaded;
     main.click = [](Station& st, const std::string&) { openalignment(st, false); };
     st.controls.add(main);
     Control comparison = control("Command18", ControlKind::button, "拼孔");

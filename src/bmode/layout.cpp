@@ -54,6 +54,14 @@ bool onruler(const Side& side, double x) {
     return x >= side.rulerx0 - 10 && x <= side.rulerx0 + 32;
 }
 
+double cursorline(const Side& side) {
+    return side.rulerx0 + 20;
+}
+
+void placecursor(Side& side, double x) {
+    side.rulerx0 = x;
+}
+
 void moveruler(Station& st, Side& side, double dx) {
     side.rulerx0 = std::clamp(side.rulerx0 + dx, 8.0, st.settings.viewspan - 30.0);
 }

@@ -27,19 +27,11 @@ void tickfilter(Station& st, int channel) {
 
 namespace {
 
-bool loaded(const Station& st) {
-    return st.form.mainviewenabled;
-}
-
-bool comparisonshown(const Station& st) {
-    return st.form.comparisonvisible;
-}
-
 // The pictures of both sides under the pointer, their grips and their read-outs.
 void pointers(Station& st) {
     for (const auto& [name, main] : {std::pair{"Picture1", true}, {"Picture6", false}}) {
         Control c = control(name, ControlKind::canvas);
-        c.enabled = loaded;
+        c.enabled = recordingloaded;
         if (!main) c.visible = comparisonshown;
         c.mouse = [main](Station& st, const MouseAct& act) {
             Side& side = main ? st.zhu : st.cong;
@@ -49,7 +41,7 @@ void pointers(Station& st) {
         };
         st.controls.add(c);
         Control grip = control(main ? "Labelyz" : "Labelyzdb", ControlKind::label, "毫米");
-        grip.enabled = loaded;
+        grip.enabled = recordingloaded;
         if (!main) grip.visible = comparisonshown;
         grip.mouse = [main](Station& st, const MouseAct& act) {
             Side& side = main ? st.zhu : st.cong;
@@ -76,11 +68,8 @@ void pointers(Station& st) {
     oblique.click = [](Station& st, const std::string&) { st.oblique70 = st.oblique70 ? 0 : 1; };
     st.controls.add(oblique);
     Control check = control("axjd", ControlKind::menuentry, "A显校对");
-    check.enabled = loaded;
-    check.click = [](Station& st, const std::string&) {
-        st.amodeside = "zhu";
-        openallchannels(st);
-    };
+    check.enabled = recordingloaded;
+    check.click = [](Station& st, const std::string&) { openallchannels(st); };
     st.controls.add(check);
 }
 
@@ -88,7 +77,7 @@ void pointers(Station& st) {
 void closerlook(Station& st) {
     st.hooks.zoom = drawenlargement;
     Control button = control("Command21", ControlKind::button, "放大");
-    button.enabled = loaded;
+    button.enabled = recordingloaded;
     button.click = [](Station& st, const std::string&) { enlarge(st); };
     button.mouse = [](Station& st, const MouseAct& act) { // a right release opens the magnifier
         if (act.kind == "up" && act.button == "right") openmagnifier(st);

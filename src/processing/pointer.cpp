@@ -1,6 +1,7 @@
 #include "processing/pointer.h"
 
 #include "amode/amode.h"
+#include "bmode/bmode.h"
 #include "replay/bofang.h"
 #include "replay/transport.h"
 #include "station/numbers.h"
@@ -11,10 +12,6 @@
 namespace orvane {
 
 namespace {
-
-bool english(const Station& st) {
-    return st.language == "english";
-}
 
 void say(Station& st, const char* china, const char* other) {
     st.ui->message(english(st) ? other : china);
@@ -132,11 +129,7 @@ void pointerup(Station& st, Side& side, const std::string& button, double x, dou
 }
 
 std::int32_t cursorpositionof(const Station& st, const Side& side) {
-    return st.settings.viewspan - static_cast<std::int32_t>(side.rulerx0 + 20) + side.viewindex;
-}
-
-void placecursor(Side& side, double x) {
-    side.rulerx0 = x;
+    return st.settings.viewspan - static_cast<std::int32_t>(std::floor(cursorline(side))) + side.viewindex;
 }
 
 void gripdown(Station& st, Side& side, const std::string& button, double x, double y) {
@@ -151,7 +144,7 @@ void gripdown(Station& st, Side& side, const std::string& button, double x, doub
 
 void gripmove(Station& st, Side& side, double x) {
     if (st.measuregrip != -1) return;
-    placecursor(side, side.rulerx0 + (x - st.gripx));
+    moveruler(st, side, x - st.gripx); // the grip moves the assembly, which stays on the picture
 }
 
 void gripup(Station& st) {
@@ -161,7 +154,7 @@ void gripup(Station& st) {
 void measure(Station& st, Side& side) {
     const bool en = english(st);
     const std::int32_t p = cursorpositionof(st, side);
-    const double linex = side.rulerx0 + 20;
+    const double linex = cursorline(side);
     if (st.measurestart == -1) {
         side.measuremark = {
             true, linex, 18, linex, static_cast<double>(side.railfootrow), st.settings.color("biaochicolor")};

@@ -24,8 +24,6 @@ std::string readouttext(const Station& st, double km, double d);
 
 // The position under the cursor line Lineyz(0) of SIDE.
 std::int32_t cursorpositionof(const Station& st, const Side& side);
-// The cursor assembly stands with its labels at X: the line Lineyz(0) at X + 20, the comb to X + 30.
-void placecursor(Side& side, double x);
 // A press on the grip Labelyz of SIDE: the left button takes it, the right one sets an end.
 void gripdown(Station& st, Side& side, const std::string& button, double x, double y);
 // The grip dragged to X; released.

@@ -21,7 +21,7 @@ void enlarge(Station& st) {
 }
 
 void drawenlargement(Station& st) {
-    loadallfangda(st, st.zhu.rulerx0 + 20);
+    loadallfangda(st, cursorline(st.zhu));
 }
 
 void closeenlargement(Station& st) {

@@ -12,17 +12,9 @@ namespace orvane {
 
 namespace {
 
-bool loaded(const Station& st) {
-    return st.form.mainviewenabled;
-}
-
-bool comparisonshown(const Station& st) {
-    return st.form.comparisonvisible;
-}
-
 Control button(const std::string& name, const std::string& caption, void (*act)(Station&)) {
     Control c = control(name, ControlKind::button, caption);
-    c.enabled = loaded;
+    c.enabled = recordingloaded;
     c.click = [act](Station& st, const std::string&) { act(st); };
     return c;
 }
@@ -35,7 +27,7 @@ void takebar(Station& st) {
 Control positionbar(const std::string& name, bool main) {
     Control c = control(name, ControlKind::scrollbar);
     if (!main) c.visible = comparisonshown;
-    c.enabled = loaded;
+    c.enabled = recordingloaded;
     c.maximum = [main](const Station& st) { return (main ? st.zhu : st.cong).scrollmax; };
     c.value = [main](const Station& st) { return (main ? st.zhu : st.cong).viewindex / 300; };
     c.focus = takebar;
@@ -54,7 +46,7 @@ void transport(Station& st) {
     for (const auto& [name, caption, direction] :
          {std::tuple{"Command25", "正向 ▶", 1}, {"Command26", "◀ 反向", -1}}) {
         Control c = control(name, ControlKind::button, caption);
-        c.enabled = loaded;
+        c.enabled = recordingloaded;
         c.click = [direction](Station& st, const std::string&) {
             st.direction = static_cast<std::int16_t>(direction);
         };
@@ -92,7 +84,7 @@ void transport(Station& st) {
 
 void seek(Station& st) {
     Control label = control("Label20", ControlKind::label, "指定里程:");
-    label.enabled = loaded;
+    label.enabled = recordingloaded;
     label.visible = [](const Station& st) { return st.seekshown; }; // a measurement's result stands there
     label.click = [](Station& st, const std::string& button) {
         button == "left" ? seekkilometre(st) : nextseekhit(st);

@@ -15,10 +15,6 @@ namespace orvane {
 
 namespace {
 
-bool english(const Station& st) {
-    return st.language == "english";
-}
-
 // A message of the transport in both languages.
 struct Said {
     const char* china;

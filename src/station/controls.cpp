@@ -42,6 +42,14 @@ Control control(const std::string& name, ControlKind kind, const std::string& ti
     return c;
 }
 
+bool recordingloaded(const Station& st) {
+    return st.form.mainviewenabled;
+}
+
+bool comparisonshown(const Station& st) {
+    return st.form.comparisonvisible;
+}
+
 Control formlabel(const std::string& name) {
     Control c = control(name, ControlKind::label);
     c.textof = [name](const Station& st) {

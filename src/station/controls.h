@@ -108,6 +108,11 @@ class ControlTable {
 // Builds an entry: the name, its kind and the caption it is built with.
 Control control(const std::string& name, ControlKind kind, const std::string& title = "");
 
+// Whether a recording has loaded, so that the controls of the view take acts.
+bool recordingloaded(const Station& st);
+// Whether the comparison is shown, so that its controls take acts.
+bool comparisonshown(const Station& st);
+
 // A label that shows the text the station keeps for it under its name.
 Control formlabel(const std::string& name);
 

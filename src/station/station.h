@@ -364,6 +364,11 @@ struct Station {
     } hooks;
 };
 
+// Whether the station speaks its English text set.
+inline bool english(const Station& st) {
+    return st.language == "english";
+}
+
 // A text box whose text is the field FIELD of the window's state.
 Control formtext(const std::string& name, std::string Form28State::*field);
 

@@ -1,5 +1,6 @@
 // The pointer on the B-mode picture and the distance measurement with the cursor assembly.
 #include "amode/amode.h"
+#include "bmode/bmode.h"
 #include "processing/pointer.h"
 #include "station/controls.h"
 #include "station/station.h"
