@@ -421,6 +421,11 @@ void Form28Window::refresh() {
     picture5_->setVisible(st_.Picture5visible);
     const QPointF readout = picture1_->towidget({st_.zhu.Label14.left, st_.zhu.Label14.top});
     label14_->move(readout.toPoint());
+    // The read-out in the picture's colours: the guide colour on the background.
+    const QString readoutsheet = QString("color: %1; background-color: %2;")
+                                     .arg(qcolorof(st_.settings.color("biaochicolor")).name(),
+                                          qcolorof(st_.settings.color("bxianbackcolor")).name());
+    if (label14_->styleSheet() != readoutsheet) label14_->setStyleSheet(readoutsheet);
     label14_->adjustSize();
     label14_->raise();
     if (st_.T2 && (!t2_->isActive() || t2_->interval() != st_.T2interval))

@@ -8,6 +8,7 @@
 
 #include "app/pictureview.h"
 #include "bmode/formpk2window.h"
+#include "render/rastercanvas.h"
 #include "replay/bofang.h"
 #include "station/controls.h"
 #include "station/station.h"
@@ -411,6 +412,21 @@ TEST_F(Form28Replay, EnlargeShowsTheStripOverThePictureAndARightReleaseTheMagnif
     EXPECT_EQ(st.magnifierfactor, 6.0);
     form10->reject();
     EXPECT_FALSE(st.Form10open);
+}
+
+// Moving the pointer over the picture shows the read-out beside it, in the guide colour.
+TEST_F(Form28Replay, PointerMoveShowsTheReadOutBesideIt) {
+    window->show();
+    auto* picture = control<PictureView>("Picture1");
+    const QPoint at = picture->towidget({300, 118}).toPoint();
+    QMouseEvent move(QEvent::MouseMove, at, picture->mapToGlobal(at), Qt::NoButton, Qt::NoButton,
+                     Qt::NoModifier);
+    QApplication::sendEvent(picture, &move);
+    auto* readout = control<QLabel>("Label14");
+    EXPECT_TRUE(readout->isVisible());
+    EXPECT_EQ(readout->text().toStdString(), st.zhu.Label14.text);
+    EXPECT_EQ(readout->text().left(3).toStdString(), "水平：");
+    EXPECT_TRUE(readout->styleSheet().contains(qcolorof(st.settings.color("biaochicolor")).name()));
 }
 
 TEST_F(Form28Replay, TinyWindowStillReplays) {
