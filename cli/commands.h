@@ -9,6 +9,7 @@
 
 namespace orvane {
 struct Station;
+struct Side;
 class RecordingCanvas;
 } // namespace orvane
 
@@ -21,7 +22,14 @@ std::string settingsjson(Station& st);
 struct DumpRanges {
     std::optional<std::pair<std::int64_t, std::int64_t>> cells;
     std::optional<std::pair<std::int64_t, std::int64_t>> mileage;
+    std::optional<std::pair<std::int64_t, std::int64_t>> cellsdb; // run only: the comparison store
 };
+
+class Json;
+// Under KEY the cells of SIDE in RANGE (cut to its rows) where either grid is not 0:
+// [position, column, samplegrid, rawgrid], in position then column order.
+void cellsjson(Json& j, const std::string& key, const Side& side,
+               std::pair<std::int64_t, std::int64_t> range);
 
 // The main side as the first activation leaves it: counters, lists, channels and the ranges asked for.
 std::string dumpjson(Station& st, const std::string& file, const std::vector<std::string>& messages,
@@ -41,7 +49,7 @@ class ActionError : public std::invalid_argument {
 // One action as a user performs it: press, tick, enter, set, scroll, mouse, row, dblclick, select,
 // close. False when it closed the main window, which ends the actions.
 bool runaction(Station& st, const std::string& action);
-// The messages shown and the state of the replay after the actions.
-std::string statejson(Station& st, const std::vector<std::string>& messages);
+// The messages shown and the state of the replay after the actions, with the cells asked for.
+std::string statejson(Station& st, const std::vector<std::string>& messages, const DumpRanges& ranges);
 
 } // namespace orvane::cli

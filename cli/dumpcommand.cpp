@@ -52,6 +52,20 @@ void panels(Json& j, const Station& st) {
 
 } // namespace
 
+void cellsjson(Json& j, const std::string& key, const Side& s, std::pair<std::int64_t, std::int64_t> range) {
+    j.key(key).beginarray();
+    for (std::int64_t p = std::max<std::int64_t>(0, range.first); p <= range.second && p < s.gridrows; ++p)
+        for (int c = 0; c < 13; ++c)
+            if (s.samplegrid[p][c] != 0 || s.rawvalue(p, c) != 0)
+                j.beginarray()
+                    .value(p)
+                    .value(c)
+                    .value(std::int64_t(s.samplegrid[p][c]))
+                    .value(std::int64_t(s.rawvalue(p, c)))
+                    .endarray();
+    j.endarray();
+}
+
 std::string dumpjson(Station& st, const std::string& file, const std::vector<std::string>& messages,
                      const DumpRanges& ranges) {
     const Side& s = st.zhu;
@@ -123,20 +137,7 @@ std::string dumpjson(Station& st, const std::string& file, const std::vector<std
     panels(j, st);
 
     const std::int64_t rows = s.gridrows;
-    if (ranges.cells) {
-        j.key("cells").beginarray();
-        for (std::int64_t p = std::max<std::int64_t>(0, ranges.cells->first);
-             p <= ranges.cells->second && p < rows; ++p)
-            for (int c = 0; c < 13; ++c)
-                if (s.samplegrid[p][c] != 0 || s.rawvalue(p, c) != 0)
-                    j.beginarray()
-                        .value(p)
-                        .value(c)
-                        .value(std::int64_t(s.samplegrid[p][c]))
-                        .value(std::int64_t(s.rawvalue(p, c)))
-                        .endarray();
-        j.endarray();
-    }
+    if (ranges.cells) cellsjson(j, "cells", s, *ranges.cells);
     if (ranges.mileage) {
         j.key("mileage").beginarray();
         for (std::int64_t p = std::max<std::int64_t>(0, ranges.mileage->first); p <= ranges.mileage->second;

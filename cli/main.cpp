@@ -32,7 +32,7 @@ constexpr const char* usage =
     "       orvane-cli frame FILE [--view N] [--seed N] [--set NAME=VALUE]... "
     "(--png OUT | --ops OUT)\n"
     "       orvane-cli run FILE [--seed N] [--set NAME=VALUE]... [--answer TEXT]... "
-    "[--do ACTION]... [--canvas NAME] [--png OUT] [--ops OUT]";
+    "[--do ACTION]... [--canvas NAME] [--png OUT] [--ops OUT] [--cells FROM:TO] [--cellsdb FROM:TO]";
 
 struct Arguments {
     std::string command;
@@ -99,11 +99,13 @@ std::optional<std::string> parse(int argc, char** argv, Arguments& a) {
             auto v = next();
             if (!v) return "--answer needs a text";
             a.answers.push_back(*v);
-        } else if (arg == "--cells" || arg == "--mileage") {
+        } else if (arg == "--cells" || arg == "--mileage" || arg == "--cellsdb") {
             auto v = next();
             auto r = v ? range(*v) : std::nullopt;
             if (!r) return arg + " needs FROM:TO";
-            (arg == "--cells" ? a.ranges.cells : a.ranges.mileage) = r;
+            (arg == "--cells"     ? a.ranges.cells
+             : arg == "--mileage" ? a.ranges.mileage
+                                  : a.ranges.cellsdb) = r;
         } else if (arg == "--view") {
             auto v = next();
             char* end = nullptr;
@@ -116,8 +118,8 @@ std::optional<std::string> parse(int argc, char** argv, Arguments& a) {
             a.actions.push_back(*v);
         } else if (arg == "--canvas") {
             auto v = next();
-            if (!v || (*v != "Picture1" && *v != "Picture3" && *v != "Picture9"))
-                return "--canvas takes Picture1, Picture3 or Picture9";
+            if (!v || (*v != "Picture1" && *v != "Picture3" && *v != "Picture6" && *v != "Picture9"))
+                return "--canvas takes Picture1, Picture3, Picture6 or Picture9";
             a.canvas = *v;
         } else if (arg == "--png" || arg == "--ops") {
             auto v = next();
@@ -182,12 +184,14 @@ std::optional<int> applysets(orvane::Station& st, const Arguments& args) {
 // the state they leave, also on a recording without samples, whose window refuses most acts.
 int frame(orvane::Station& st, orvane::ScriptedUi& ui, const Arguments& args) {
     const std::string& file = args.positional[0];
-    orvane::RecordingCanvas picture1, picture3, picture9;
+    orvane::RecordingCanvas picture1, picture3, picture6, picture9;
     st.picture1 = &picture1;
     st.picture3 = &picture3;
+    st.picture6 = &picture6;
     st.picture9 = &picture9;
     picture9.scale(300, 0, 410);
     const orvane::RecordingCanvas& canvas = args.canvas == "Picture3"   ? picture3
+                                            : args.canvas == "Picture6" ? picture6
                                             : args.canvas == "Picture9" ? picture9
                                                                         : picture1;
     orvane::windowload(st, file);
@@ -209,7 +213,7 @@ int frame(orvane::Station& st, orvane::ScriptedUi& ui, const Arguments& args) {
                 return failed(e.what());
             }
         }
-        output = orvane::cli::statejson(st, ui.messages);
+        output = orvane::cli::statejson(st, ui.messages, args.ranges);
     } else {
         orvane::Side& side = st.zhu;
         side.viewindex = static_cast<std::int32_t>(

@@ -153,7 +153,7 @@ void controlsstate(Json& j, const Station& st) {
 
 } // namespace
 
-std::string statejson(Station& st, const std::vector<std::string>& messages) {
+std::string statejson(Station& st, const std::vector<std::string>& messages, const DumpRanges& ranges) {
     Json j;
     j.beginobject();
     j.key("messages").beginarray();
@@ -189,6 +189,18 @@ std::string statejson(Station& st, const std::vector<std::string>& messages) {
     j.key("measurestart").value(st.measurestart).key("measureend").value(st.measureend);
     j.key("measuregrip").value(st.measuregrip);
     j.key("Picture9visible").value(st.Picture9visible).key("magnifierfactor").value(st.magnifierfactor);
+    // The filter and the comparison.
+    j.key("filteractive").value(st.filteractive).key("comparisonstore").value(st.comparisonstore);
+    j.key("eventcount").value(st.eventcount).key("hitcount").value(st.hitcount);
+    j.key("hitpos").beginarray();
+    for (std::int32_t i = 0; i < st.hitcount; ++i) j.value(st.hitpos[i]);
+    j.endarray();
+    j.key("hitchannel").beginarray();
+    for (std::int32_t i = 0; i < st.hitcount; ++i) j.value(st.hitchannel[i]);
+    j.endarray();
+    j.key("layoutchanged").value(st.layoutchanged).key("savedmode").value(st.savedmode);
+    j.key("displaymode").value(st.displaymode).key("playside").value(st.playside);
+    j.key("scratchpath").value(st.scratchpath).key("filepathdb").value(st.cong.filepath);
     j.key("seekhits").beginarray();
     for (int i = 0; i < st.seekcount; ++i) j.value(st.seekhits[i]);
     j.endarray();
@@ -200,6 +212,14 @@ std::string statejson(Station& st, const std::vector<std::string>& messages) {
     j.endobject();
     controlsstate(j, st);
     j.endobject();
+    if (ranges.cells) cellsjson(j, "cells", st.zhu, *ranges.cells);
+    if (ranges.cellsdb) {
+        // The comparison store, also while it only holds the filter's backup; none before it exists.
+        if (st.comparisonstore == "yes")
+            cellsjson(j, "cellsdb", st.cong, *ranges.cellsdb);
+        else
+            j.key("cellsdb").beginarray().endarray();
+    }
     j.endobject();
     return j.text();
 }

@@ -10,9 +10,10 @@ namespace orvane {
 struct Station;
 struct Side;
 
-// Fits the scale of the picture and the ruler to the rail code of the view and the layout.
+// Fits the scale of each side's picture and its ruler to the side's rail code and the layout.
 void layout(Station& st);
-// Draws the background layer (running surface and, on request, the rail's lines) and keeps it.
+// Draws the background layer of each side's picture (running surface and, on request, the rail's
+// lines) and keeps it.
 void background(Station& st);
 
 // One screenful of the main side from viewindex: channel sweeps, late waves, events.

@@ -14,15 +14,14 @@ RailRows railrows(const Station& st, const std::string& railcode) {
     return {78, 192, 352}; // "60" and any other text
 }
 
-void layout(Station& st) {
-    Side& side = st.zhu;
+namespace {
+
+void fitside(Station& st, Side& side, Canvas* c) {
     const RailRows rows = railrows(st, side.railcode);
     side.railheadrow = rows.head + 18;
     side.railwebrow = rows.web + 18;
     side.railfootrow = rows.foot + 18;
-    const bool comparisonopen =
-        st.form.captions["Command17"] == "关闭对比" || st.form.captions["Command17"] == "Single";
-    if (st.displaymode == "zhjz" && !comparisonopen) {
+    if (st.displaymode == "zhjz" && !comparisonopen(st)) {
         side.scaletop = -200;
         side.scaleheight = side.railfootrow + 440;
     } else {
@@ -30,7 +29,14 @@ void layout(Station& st) {
         side.scaleheight = side.railfootrow + 40;
     }
     side.rulerx0 = st.settings.viewspan - 35;
-    if (st.picture1) st.picture1->scale(st.settings.viewspan, side.scaletop, side.scaleheight);
+    if (c) c->scale(st.settings.viewspan, side.scaletop, side.scaleheight);
+}
+
+} // namespace
+
+void layout(Station& st) {
+    fitside(st, st.zhu, st.picture1);
+    fitside(st, st.cong, st.picture6);
 }
 
 std::vector<RulerLine> rulerlines(double x0) {
@@ -66,10 +72,10 @@ void moveruler(Station& st, Side& side, double dx) {
     side.rulerx0 = std::clamp(side.rulerx0 + dx, 8.0, st.settings.viewspan - 30.0);
 }
 
-void background(Station& st) {
-    Canvas* c = st.picture1;
+namespace {
+
+void drawbackground(Station& st, const Side& side, Canvas* c) {
     if (!c) return;
-    const Side& side = st.zhu;
     const double width = st.settings.viewspan;
     c->beginbackground(st.settings.color("bxianbackcolor"));
     c->forecolor = st.settings.color("biaochicolor");
@@ -95,6 +101,13 @@ void background(Station& st) {
     c->drawstyle = 0;
     c->drawwidth = 1;
     c->storebackground();
+}
+
+} // namespace
+
+void background(Station& st) {
+    drawbackground(st, st.zhu, st.picture1);
+    drawbackground(st, st.cong, st.picture6);
 }
 
 } // namespace orvane

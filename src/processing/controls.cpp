@@ -1,6 +1,8 @@
 #include "processing/controls.h"
 
 #include "amode/amode.h"
+#include "processing/comparison.h"
+#include "processing/filter.h"
 #include "processing/pointer.h"
 #include "processing/zoom.h"
 #include "station/station.h"
@@ -124,11 +126,40 @@ void closerlook(Station& st) {
     }
 }
 
+// The filter's buttons and its list of hits; the button of the comparison and what it shows.
+void filterandcomparison(Station& st) {
+    Control process = control("Command2", ControlKind::button, "处理");
+    process.enabled = recordingloaded;
+    process.click = [](Station& st, const std::string&) { processfilter(st); };
+    st.controls.add(process);
+    Control cancel = control("Command14", ControlKind::button, "取消过滤");
+    cancel.enabled = [](const Station& st) { return st.form.Command14enabled; };
+    cancel.click = [](Station& st, const std::string&) { cancelfilter(st); };
+    st.controls.add(cancel);
+    Control hits = control("Grid1bj", ControlKind::grid);
+    hits.cells = [](const Station& st) { return st.form.Grid1bj; };
+    hits.row = gotohit;
+    st.controls.add(hits);
+    Control compare = control("Command17", ControlKind::button, "打开对比");
+    compare.enabled = recordingloaded;
+    compare.click = [](Station& st, const std::string&) { presscomparison(st); };
+    st.controls.add(compare);
+    Control details = control("Command20", ControlKind::button, "详细");
+    details.visible = [](const Station& st) { return st.form.Command20visible; };
+    details.enabled = [](const Station& st) { return st.form.Command20enabled; };
+    st.controls.add(details);
+    Control heading = control("Lzygkdb", ControlKind::label);
+    heading.visible = comparisonshown;
+    heading.textof = [](const Station& st) { return st.form.Lzygkdb; };
+    st.controls.add(heading);
+}
+
 } // namespace
 
 void registerprocessing(Station& st) {
     pointers(st);
     closerlook(st);
+    filterandcomparison(st);
     for (int k = 0; k < 9; ++k) {
         Control check =
             control(filterchecks[k], ControlKind::checkbox, std::string(1, static_cast<char>('A' + k)));

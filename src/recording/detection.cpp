@@ -146,7 +146,8 @@ void act(Station& st, Side& side, std::int32_t p, int code, int kind, int value)
 
 bool reachposition(Station& st, Side& side, std::int64_t position) {
     if (side.reachgrids(position)) return true;
-    st.ui->message("记录位置超出范围，载入停止：" + side.filepath + "，位置 " + std::to_string(position));
+    st.ui->message("记录位置超出范围，载入停止：" + side.filepath + "，位置 " + std::to_string(position) +
+                   "（最多到位置 " + std::to_string(side.gridlast) + "）");
     side.abortflag = 1;
     return false;
 }

@@ -96,16 +96,27 @@ Span jobspan(const Side& side, std::int32_t gpscount) {
     return s;
 }
 
-// The instrument number of a job record: five characters, "00000" when the field is unset.
-std::string instrumentnumber(const std::string& image) {
-    const std::string field = mid(image, 95, 10);
-    if (field.rfind("0100", 0) == 0 || field.rfind("000000", 0) == 0) return "00000";
+// The five characters of the instrument number in a job record (bytes 47..51), trimmed.
+std::string numbercharacters(const std::string& image) {
     std::string number;
     for (int i = 0; i < 5; ++i) {
         const int b = imagebyte(image, 47 + i);
         number += b < 0x80 ? std::string(1, static_cast<char>(b)) : std::string("?");
     }
     return trimblanks(number);
+}
+
+// The instrument number of a job record: its characters, "00000" when the field is unset.
+std::string instrumentnumber(const std::string& image) {
+    const std::string field = mid(image, 95, 10);
+    if (field.rfind("0100", 0) == 0 || field.rfind("000000", 0) == 0) return "00000";
+    return numbercharacters(image);
+}
+
+// The date of a job record, "yy.mm.dd".
+std::string jobdate(const std::string& image) {
+    auto c = [&](std::size_t n) { return charof(image, n); };
+    return c(48) + c(46) + "." + c(44) + c(42) + "." + c(40) + c(38);
 }
 
 // The alignment words of table pinkong for this instrument, channels A to H.
@@ -166,7 +177,7 @@ void jobsummary(Station& st) {
 
     st.machineno = instrumentnumber(image);
     st.jobcaption = "机号:" + st.machineno;
-    const std::string date = c(48) + c(46) + "." + c(44) + c(42) + "." + c(40) + c(38);
+    const std::string date = jobdate(image);
     st.jobdatetext = date + "." + c(36) + c(34);
     labels["Lzygk"] =
         english ? "Date:" + date + " M/C:" + st.machineno : "日期:" + date + "  机号:" + st.machineno;
@@ -203,6 +214,12 @@ void jobsummary(Station& st) {
         std::string(english ? "Speed：" : "探测速度：") + formatfixed(side.samplespeed[0], 1, 1) + "km/h";
     const std::string& first = side.sampleclock[0];
     setcell(side.Grid2, 1, 0, mid(first, 1, 2) + ":" + mid(first, 3, 2) + ":" + mid(first, 5, 2));
+}
+
+std::string comparisonheading(const Station& st) {
+    const std::string& image = lastjob(st.cong);
+    const std::string number = numbercharacters(image), date = jobdate(image);
+    return english(st) ? " M/C:" + number + "Date:" + date : "机号：" + number + "日期：" + date;
 }
 
 } // namespace orvane

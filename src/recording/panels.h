@@ -33,5 +33,7 @@ void applyjob(Station& st, Side& side, std::int32_t index, bool timecolumn = fal
 // The job summary of the main recording, once after the load: labels, length, mean speed, the
 // instrument number and the alignment words of table pinkong.
 void jobsummary(Station& st);
+// The heading of the comparison over its picture, Lzygkdb: instrument number and date of its job.
+std::string comparisonheading(const Station& st);
 
 } // namespace orvane

@@ -155,27 +155,28 @@ void completemileage(Side& side) {
     }
 }
 
-void walkfile(Station& st, Side& side) {
+bool walkfile(Station& st, Side& side) {
     if (!side.main) {
         std::error_code ec;
         if (!fs::exists(side.filepath, ec) || !lastcharisextension(side.filepath)) {
             st.ui->message(side.filepath + "有误");
-            return;
+            return false;
         }
     }
     resetside(st, side);
-    if (!readrecords(st, side)) return;
+    if (!readrecords(st, side)) return false;
 
     // The end of the file lies at least 400 positions behind the last sample and job record.
     if (side.samplecount > 0 && side.lastposition < side.samplepos[side.samplecount - 1] + 400)
         side.lastposition = side.samplepos[side.samplecount - 1] + 400;
     if (side.jobcount > 0 && side.lastposition < side.jobpos[side.jobcount - 1] + 400)
         side.lastposition = side.jobpos[side.jobcount - 1] + 400;
-    if (side.samplecount == 0) return;
+    if (side.samplecount == 0) return side.abortflag != 1;
     if (!side.reachgrids(side.lastposition)) {
         st.ui->message("记录位置超出范围：" + side.filepath + "，结束位置 " +
                        std::to_string(side.lastposition) + " 截至 " + std::to_string(side.gridlast));
         side.lastposition = static_cast<std::int32_t>(side.gridlast);
+        side.abortflag = 1;
     }
 
     completemileage(side);
@@ -205,6 +206,7 @@ void walkfile(Station& st, Side& side) {
     side.quarterindex[0] = 0;
     side.quarterlast = (side.quartercount + 3) / 4;
     side.quarterindex[side.quarterlast] = side.lastposition + 500;
+    return side.abortflag != 1;
 }
 
 } // namespace orvane

@@ -319,15 +319,10 @@ void drawmarker(Station& st, const Side& s, const char* kind) {
     c->print(formatfixed(std::abs(s.startdist - s.enddist) * 0.0035, 1, 3) + "米");
 }
 
-namespace {
-
-// The kilometre at SIDE's view as the seek box takes it: "0005.350".
 std::string kilometrenote(const Side& s) {
     const std::string note = formatfixed(s.mileageat(s.mapat(s.viewindex)), 4, 3);
     return mid(note, 1, 4) + "." + mid(note, 6, 3);
 }
-
-} // namespace
 
 void keepplace(Station& st) {
     const std::string note = kilometrenote(st.zhu);

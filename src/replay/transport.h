@@ -44,6 +44,8 @@ void drawmarker(Station& st, const Side& side, const char* kind);
 // After a change of the map (whole file or clip, reversals, alignment, loss limit): the maps are
 // rebuilt and each view returns to the same kilometre.
 void keepplace(Station& st);
+// The kilometre at SIDE's view as the seek boxes take it: "0005.350".
+std::string kilometrenote(const Side& s);
 // Goes to the newest note of an earlier analysis.
 void yybscs(Station& st);
 

@@ -35,8 +35,10 @@ struct LineShape {
 struct Side {
     explicit Side(bool main);
 
-    const bool main;       // zhu, or else cong
-    std::int64_t gridlast; // the highest row the side's grids may have
+    const bool main; // zhu, or else cong
+    // The highest row the side's grids may have. The comparison side's grids are the comparison store,
+    // whose bound the filter or the comparison sets, whichever makes the store first.
+    std::int64_t gridlast;
 
     std::string filepath;
     std::int32_t segmentbase = 0;
@@ -213,6 +215,14 @@ struct Form28State {
     std::vector<std::string> lines;       // the combo box of lines
     std::vector<std::string> defects;     // the combo box of defects
     std::vector<std::string> filtercombo; // the combo box of the filter list
+    // The list of hits of the filter, under its heads; "取消过滤" is enabled while a filter stands.
+    Table Grid1bj{{"序号", "报警通道", "里程"}};
+    bool Command14enabled = false;
+    // "详细" of the comparison: shown once a comparison opened, disabled once it closed.
+    bool Command20visible = false;
+    bool Command20enabled = true;
+    // The comparison's job heading over its picture.
+    std::string Lzygkdb;
 };
 
 // How the process stands: the window may ask to end it; the program then exits with this status.
@@ -342,6 +352,21 @@ struct Station {
     } alignment;
     std::array<std::int16_t, 9> pinkongkeep{}; // the words put aside by the mode "精确"
 
+    // The filter: whether its backup in the comparison store is valid, the store itself ("no" until
+    // the filter or a comparison makes it), the events of long runs and the hits they cluster into.
+    std::int16_t filteractive = 0;
+    std::string comparisonstore = "no";
+    std::vector<std::int16_t> eventchannel;
+    std::vector<std::int32_t> eventpos;
+    std::int32_t eventcount = 0;
+    std::array<std::int16_t, 9> channelcount{};
+    std::vector<std::string> hitchannel;
+    std::vector<std::int32_t> hitpos;
+    std::int32_t hitcount = 0;
+    // The comparison: set at every press of its button; the display mode before it opened.
+    std::int16_t layoutchanged = 0;
+    std::string savedmode;
+
     // Ports.
     Ui* ui = nullptr;
     Canvas* picture1 = nullptr; // the B-mode picture of the main side
@@ -367,6 +392,12 @@ struct Station {
 // Whether the station speaks its English text set.
 inline bool english(const Station& st) {
     return st.language == "english";
+}
+
+// Whether a comparison is open: the button that opens it then reads "关闭对比" ("Single").
+inline bool comparisonopen(const Station& st) {
+    const auto it = st.form.captions.find("Command17");
+    return it != st.form.captions.end() && (it->second == "关闭对比" || it->second == "Single");
 }
 
 // A text box whose text is the field FIELD of the window's state.
