@@ -149,10 +149,10 @@ void processfilter(Station& st) {
     }
     Side& side = st.zhu;
     // The backup of the original cells needs every row of the recording in the store.
+    const std::int64_t bound = st.comparisonstore == "no" ? filterstorelast : st.cong.gridlast;
     if (!comparisonstore(st, filterstorelast, side.lastposition)) {
         st.ui->message("无法过滤：" + side.filepath + " 的结束位置 " + std::to_string(side.lastposition) +
-                       " 超出对比存储的范围（最多到位置 " + std::to_string(st.cong.gridlast) +
-                       "），未处理。");
+                       " 超出对比存储的范围（最多到位置 " + std::to_string(bound) + "），未处理。");
         return;
     }
     // A second processing starts again from the original cells.
