@@ -423,4 +423,58 @@ TEST_F(CliDump, AlignmentOfTheMainSideRoundTripsHeadless) {
     EXPECT_FALSE(stateof(closed)["controls"].toObject().contains("Formpk2.HScroll1"));
 }
 
+TEST_F(CliDump, FilterHitsAndTheirRowClickHeadless) {
+    ktrgen::Recording rec;
+    const std::string path = smallrecording(rec);
+    const CliRun before = cli("run " + path + " --seed 3 --cells 0:100000 --cellsdb 0:10");
+    const QJsonObject unfiltered = QJsonDocument::fromJson(QByteArray::fromStdString(before.out)).object();
+    EXPECT_TRUE(unfiltered["cellsdb"].toArray().isEmpty()); // no store yet
+    const CliRun r =
+        cli("run " + path + " --do press:Command2 --do row:Grid1bj:1 --cells 0:100000 --cellsdb 0:100000");
+    ASSERT_EQ(r.status, 0) << r.err;
+    const QJsonObject o = QJsonDocument::fromJson(QByteArray::fromStdString(r.out)).object();
+    const QJsonObject state = o["state"].toObject();
+    EXPECT_EQ(state["filteractive"].toInt(), 1);
+    EXPECT_EQ(state["comparisonstore"].toString(), "yes");
+    EXPECT_GT(state["eventcount"].toInt(), 0);
+    const int hits = state["hitcount"].toInt();
+    ASSERT_GT(hits, 0);
+    EXPECT_EQ(state["hitpos"].toArray().size(), hits);
+    EXPECT_EQ(state["hitchannel"].toArray()[0].toString().size(), 9);
+    const QJsonArray rows = state["grids"].toObject()["Grid1bj"].toArray();
+    ASSERT_EQ(rows.size(), hits + 1);
+    EXPECT_EQ(rows[0].toArray()[1].toString(), "报警通道");
+    EXPECT_EQ(state["viewindex"].toInt(), std::max(600, state["hitpos"].toArray()[0].toInt() - 800));
+    EXPECT_TRUE(state["controls"].toObject()["Command14"].toObject()["enabled"].toBool());
+    // The backup holds the cells as they were; the main side lost its short runs.
+    EXPECT_EQ(o["cellsdb"].toArray().size() > 0, true);
+    EXPECT_LT(o["cells"].toArray().size(), unfiltered["cells"].toArray().size());
+    const CliRun cancelled =
+        cli("run " + path + " --seed 3 --do press:Command2 --do press:Command14 --cells 0:100000");
+    const QJsonObject back = QJsonDocument::fromJson(QByteArray::fromStdString(cancelled.out)).object();
+    EXPECT_EQ(back["cells"].toArray(), unfiltered["cells"].toArray());
+}
+
+TEST_F(CliDump, ComparisonOpensFromTheAnswerAndDrawsBelow) {
+    ktrgen::Recording rec;
+    const std::string path = smallrecording(rec);
+    const std::string png = temp.file("below.png");
+    const CliRun r = cli("run " + path + " --answer " + path +
+                         " --do press:Command17 --canvas Picture6 --png " + png + " --cellsdb 0:2000");
+    ASSERT_EQ(r.status, 0) << r.err;
+    const QJsonObject o = QJsonDocument::fromJson(QByteArray::fromStdString(r.out)).object();
+    const QJsonObject state = o["state"].toObject();
+    EXPECT_EQ(o["messages"].toArray()[0].toString().toStdString(), path);
+    EXPECT_EQ(state["captions"].toObject()["Command17"].toString(), "关闭对比");
+    EXPECT_TRUE(state.contains("viewindexdb"));
+    EXPECT_EQ(state["displaymode"].toString(), "zuhe");
+    EXPECT_EQ(state["filepathdb"].toString().toStdString(), path);
+    EXPECT_FALSE(o["cellsdb"].toArray().isEmpty());
+    EXPECT_TRUE(std::filesystem::exists(png));
+    // Without an answer the dialog is cancelled and the button closes again.
+    const QJsonObject cancelled = stateof(cli("run " + path + " --do press:Command17"));
+    EXPECT_EQ(cancelled["captions"].toObject()["Command17"].toString(), "打开对比");
+    EXPECT_FALSE(cancelled.contains("viewindexdb"));
+}
+
 } // namespace
