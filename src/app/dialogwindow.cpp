@@ -71,6 +71,8 @@ std::optional<std::uint32_t> DialogUi::pickcolor(std::uint32_t current) {
 
 void DialogUi::progressmax(double maximum) {
     if (!bar_) return;
+    prepare(); // the bar and its label shown before the long work starts
+    bar_->show();
     bar_->setMaximum(static_cast<int>(std::min(maximum, 2147483647.0)));
     bar_->setValue(0);
 }

@@ -28,6 +28,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QTabWidget>
 #include <QTableWidget>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -60,6 +61,12 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
     canvas_->clear();
     st_.picture1 = canvas_.get();
 
+    canvas6_ = std::make_unique<RasterCanvas>(picturewidth, pictureheight);
+    canvas6_->beginbackground(st_.settings.color("bxianbackcolor"));
+    canvas6_->storebackground();
+    canvas6_->clear();
+    st_.picture6 = canvas6_.get();
+
     auto* central = new QWidget(this);
     setCentralWidget(central);
     auto* outer = new QHBoxLayout(central);
@@ -67,25 +74,8 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
     outer->addLayout(layout, 1);
     canvas3_ = std::make_unique<RasterCanvas>(620, 430);
     st_.picture3 = canvas3_.get();
-    // The settings scroll on a small screen rather than push the window past it.
-    auto* settings = new QScrollArea(central);
-    settings->setWidget(settingscolumn(settings));
-    settings->setWidgetResizable(true);
-    settings->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    settings->setFrameShape(QFrame::NoFrame);
-    settings->setFixedWidth(settings->widget()->sizeHint().width() + 18);
-    outer->addWidget(settings);
-    picture1_ = named(new PictureView(*canvas_, central), "Picture1");
-    picture1_->setToolTip("按住鼠标移动可拖动坐标轴");
-    picture1_->setoverlay([this](QPainter& painter) { drawruler(painter); });
-    connect(picture1_, &PictureView::pressed, this,
-            [this](Qt::MouseButton b, QPointF at) { picturemouse("down", b, at); });
-    connect(picture1_, &PictureView::moved, this,
-            [this](QPointF at, Qt::MouseButtons) { picturemouse("move", Qt::NoButton, at); });
-    connect(picture1_, &PictureView::released, this,
-            [this](Qt::MouseButton b, QPointF at) { picturemouse("up", b, at); });
-    label14_ = named(new QLabel(picture1_), "Label14");
-    label14_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    outer->addWidget(sidepanel(central));
+    picture1_ = sidepicture(central, true);
     layout->addWidget(picture1_, 1);
     // The A-mode panel floats over the picture's right end, the oldest stretch on screen; it can be
     // dragged aside like the other panels.
@@ -103,11 +93,14 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
     for (const char* name : {"aqd", "azd", "qcqzd", "axjd", "ax70"})
         popup_->addAction(caption(name))->setObjectName(name);
     popup_->findChild<QAction*>("ax70")->setCheckable(true);
+    // The same menu on the comparison's picture sets the markers of that side.
+    popupdb_ = new QMenu(this);
+    for (const char* name : {"aqddb", "azddb"}) popupdb_->addAction(caption(name))->setObjectName(name);
 
     // The transport under the picture: direction, hand steps, play, the position bar and its speed.
     auto* transport = new QHBoxLayout();
-    for (const char* name :
-         {"Command26", "Command27", "Command3", "Command8", "Command34", "Command25", "Command21"})
+    for (const char* name : {"Command26", "Command27", "Command3", "Command8", "Command34", "Command25",
+                             "Command21", "Command17"})
         transport->addWidget(button(name));
     // A right release on "放大" opens the magnifier.
     findChild<QPushButton*>("Command21")->installEventFilter(this);
@@ -128,6 +121,8 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
     text1->setMaximumWidth(100);
     transport->addWidget(text1);
     layout->addLayout(transport);
+    comparison_ = comparisonhalf(central);
+    layout->addWidget(comparison_, 1);
 
     // The channel boxes with their colours, the position and record labels.
     auto* channels = new QHBoxLayout();
@@ -195,11 +190,113 @@ Form28Window::~Form28Window() {
     t1_->stop();
     t2_->stop();
     st_.picture1 = nullptr;
+    st_.picture6 = nullptr;
     st_.picture3 = nullptr;
     st_.picture9 = nullptr;
     ui_.setbar(nullptr);
     ui_.setbeforedialog(nullptr);
     ui_.setparent(nullptr);
+}
+
+// The B-mode picture of a side with the pointer's read-out over it: Picture1 with Label14, or the
+// comparison's Picture6 with Label14db.
+PictureView* Form28Window::sidepicture(QWidget* parent, bool main) {
+    RasterCanvas& canvas = main ? *canvas_ : *canvas6_;
+    auto* view = named(new PictureView(canvas, parent), main ? "Picture1" : "Picture6");
+    view->setToolTip("按住鼠标移动可拖动坐标轴");
+    view->setoverlay(
+        [this, view, main](QPainter& painter) { drawruler(painter, *view, main ? st_.zhu : st_.cong); });
+    connect(view, &PictureView::pressed, this,
+            [this, main](Qt::MouseButton b, QPointF at) { picturemouse("down", b, at, main); });
+    connect(view, &PictureView::moved, this,
+            [this, main](QPointF at, Qt::MouseButtons) { picturemouse("move", Qt::NoButton, at, main); });
+    connect(view, &PictureView::released, this,
+            [this, main](Qt::MouseButton b, QPointF at) { picturemouse("up", b, at, main); });
+    auto* readout = named(new QLabel(view), main ? "Label14" : "Label14db");
+    readout->setAttribute(Qt::WA_TransparentForMouseEvents);
+    return view;
+}
+
+// The lower half while a comparison is open: its heading, its picture of the same width as the main
+// one, its own transport and seek, and the choice whether both sides move together.
+QWidget* Form28Window::comparisonhalf(QWidget* parent) {
+    auto* half = new QWidget(parent);
+    auto* box = new QVBoxLayout(half);
+    box->setContentsMargins(0, 4, 0, 0);
+    box->addWidget(named(new QLabel(half), "Lzygkdb"));
+    picture6_ = sidepicture(half, false);
+    box->addWidget(picture6_, 1);
+    auto* transport = new QHBoxLayout();
+    for (const char* name : {"Command38", "Command37", "Command18", "Command20"})
+        transport->addWidget(named(new QPushButton(caption(name), half), name));
+    transport->addWidget(new QLabel("播放进度:", half));
+    transport->addWidget(named(new QScrollBar(Qt::Horizontal, half), "HScrolljddb"), 1);
+    transport->addWidget(named(new QLabel(half), "Label21"));
+    auto* text2 = named(new QLineEdit(half), "Text2");
+    text2->setMaximumWidth(100);
+    transport->addWidget(text2);
+    transport->addWidget(named(new QLabel(half), "Label16"));
+    auto* mode = named(new QGroupBox(english(st_) ? "Mode" : "对比播放", half), "Frame11");
+    auto* moderow = new QHBoxLayout(mode);
+    for (const char* name : {"Option12", "Option13"})
+        moderow->addWidget(named(new QRadioButton(caption(name), mode), name));
+    transport->addWidget(mode);
+    box->addLayout(transport);
+    half->hide();
+    return half;
+}
+
+// The side panel Frame3 with its tabs: the filter first, the display settings on "设置".
+QWidget* Form28Window::sidepanel(QWidget* parent) {
+    auto* frame = named(new QTabWidget(parent), "SSTab1");
+    // The settings scroll on a small screen rather than push the window past it.
+    auto* settings = new QScrollArea(frame);
+    settings->setWidget(settingscolumn(settings));
+    settings->setWidgetResizable(true);
+    settings->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    settings->setFrameShape(QFrame::NoFrame);
+    const char* titles[] = {"过滤", "标记点", "积分值", "交接", "设置", "概况", "标注"};
+    for (int i = 0; i < 7; ++i) {
+        QWidget* page = i == 0 ? filterpage(frame) : i == 4 ? settings : new QWidget(frame);
+        const auto english = st_.form.captions.find("SSTab1." + std::to_string(i));
+        frame->addTab(page, english != st_.form.captions.end() ? QString::fromStdString(english->second)
+                                                               : QString(titles[i]));
+    }
+    frame->setFixedWidth(settings->widget()->sizeHint().width() + 24);
+    return frame;
+}
+
+// The filter: a threshold box for each channel behind its check box, the buttons, the hits.
+QWidget* Form28Window::filterpage(QWidget* parent) {
+    auto* page = new QWidget(parent);
+    auto* box = new QVBoxLayout(page);
+    auto* channels = new QGridLayout();
+    const char* checks[] = {"Check9",  "Check10", "Check11", "Check12", "Check13",
+                            "Check14", "Check15", "Check18", "Check19"};
+    const char* boxes[] = {"Ttda", "Ttdb", "Ttdc", "Ttdd", "Ttde", "Ttdf", "Ttdg", "Ttdh", "Ttdi"};
+    for (int k = 0; k < 9; ++k) {
+        auto* check = named(new QCheckBox(caption(checks[k]), page), checks[k]);
+        check->setToolTip("不勾选的通道不过滤");
+        auto* threshold = named(new QLineEdit(page), boxes[k]);
+        threshold->setToolTip("连续长度不超过此值（点数）的回波被滤除");
+        threshold->setMaximumWidth(70);
+        channels->addWidget(check, k % 5, (k / 5) * 2);
+        channels->addWidget(threshold, k % 5, (k / 5) * 2 + 1);
+    }
+    box->addLayout(channels);
+    auto* buttons = new QHBoxLayout();
+    for (const char* name : {"Command2", "Command14", "Command36"})
+        buttons->addWidget(named(new QPushButton(caption(name), page), name));
+    box->addLayout(buttons);
+    auto* hits = named(new QTableWidget(page), "Grid1bj");
+    hits->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    hits->setSelectionBehavior(QAbstractItemView::SelectRows);
+    hits->verticalHeader()->hide();
+    hits->horizontalHeader()->hide();
+    hits->horizontalHeader()->setStretchLastSection(true);
+    hits->setToolTip("点击一行跳到该处");
+    box->addWidget(hits, 1);
+    return page;
 }
 
 // The display settings beside the picture: each option and bar writes its setting and redraws.
@@ -274,23 +371,25 @@ void Form28Window::focuspicture() {
     if (picture1_->isEnabled() && picture1_->isVisible()) picture1_->setFocus();
 }
 
-void Form28Window::picturemouse(const char* kind, Qt::MouseButton button, QPointF at) {
+void Form28Window::picturemouse(const char* kind, Qt::MouseButton button, QPointF at, bool main) {
     const std::string which = button == Qt::LeftButton    ? "left"
                               : button == Qt::RightButton ? "right"
                                                           : "none";
     const std::string k = kind;
+    Side& side = main ? st_.zhu : st_.cong;
+    PictureView* view = main ? picture1_ : picture6_;
     // The grip and the labels of the cursor assembly: the mouse is the grip's, in its own x.
-    if (k == "down" && !st_.alignment.open && onruler(st_.zhu, at.x())) gripheld_ = true;
+    if (k == "down" && !st_.alignment.open && onruler(side, at.x())) gripheld_ = true;
     if (gripheld_) {
-        const double x = at.x() - st_.zhu.rulerx0;
-        act([&] { mouse(st_, "Labelyz", {k, which, x, at.y()}); });
+        const double x = at.x() - side.rulerx0;
+        act([&] { mouse(st_, main ? "Labelyz" : "Labelyzdb", {k, which, x, at.y()}); });
         if (k == "up") gripheld_ = false;
         return;
     }
-    act([&] { mouse(st_, "Picture1", {k, which, at.x(), at.y()}); });
+    act([&] { mouse(st_, main ? "Picture1" : "Picture6", {k, which, at.x(), at.y()}); });
     if (st_.form.popup != "a13") return;
     st_.form.popup.clear();
-    popup_->popup(picture1_->mapToGlobal(picture1_->towidget(at).toPoint()));
+    (main ? popup_ : popupdb_)->popup(view->mapToGlobal(view->towidget(at).toPoint()));
 }
 
 QWidget* Form28Window::amodepanel(QWidget* parent) {
@@ -336,25 +435,25 @@ QWidget* Form28Window::amodepanel(QWidget* parent) {
     return panel;
 }
 
-// The cursor assembly over the picture in the guide colour, hidden while the alignment is open; the
-// A-mode marker Lineyz(21) and the measuring line Lineyz(22).
-void Form28Window::drawruler(QPainter& painter) {
+// The cursor assembly over a side's picture in the guide colour, hidden while the alignment is open;
+// the A-mode marker Lineyz(21) and the measuring line Lineyz(22).
+void Form28Window::drawruler(QPainter& painter, const PictureView& view, const Side& side) {
     if (st_.alignment.open || !st_.form.mainviewenabled) return;
-    for (const LineShape* l : {&st_.zhu.amodemarker, &st_.zhu.measuremark}) {
+    for (const LineShape* l : {&side.amodemarker, &side.measuremark}) {
         if (!l->visible) continue;
         painter.setPen(QPen(qcolorof(l->color), 1));
-        painter.drawLine(picture1_->towidget({l->x1, l->y1}), picture1_->towidget({l->x2, l->y2}));
+        painter.drawLine(view.towidget({l->x1, l->y1}), view.towidget({l->x2, l->y2}));
     }
     const QColor colour = qcolorof(st_.settings.color("biaochicolor"));
-    for (const RulerLine& l : rulerlines(st_.zhu.rulerx0)) {
+    for (const RulerLine& l : rulerlines(side.rulerx0)) {
         painter.setPen(QPen(colour, l.width));
-        painter.drawLine(picture1_->towidget({l.x1, l.y1}), picture1_->towidget({l.x2, l.y2}));
+        painter.drawLine(view.towidget({l.x1, l.y1}), view.towidget({l.x2, l.y2}));
     }
     QFont font = painter.font();
     font.setPixelSize(11);
     painter.setFont(font);
-    for (const RulerLabel& l : rulerlabels(st_.zhu.rulerx0)) {
-        const QPointF at = picture1_->towidget({l.left, l.top});
+    for (const RulerLabel& l : rulerlabels(side.rulerx0)) {
+        const QPointF at = view.towidget({l.left, l.top});
         painter.drawText(QRectF(at.x() - 14, at.y(), 40, 14), Qt::AlignRight | Qt::AlignTop,
                          QString::fromStdString(l.text));
     }
@@ -419,15 +518,9 @@ void Form28Window::refresh() {
         picture5_->raise();
     }
     picture5_->setVisible(st_.Picture5visible);
-    const QPointF readout = picture1_->towidget({st_.zhu.Label14.left, st_.zhu.Label14.top});
-    label14_->move(readout.toPoint());
-    // The read-out in the picture's colours: the guide colour on the background.
-    const QString readoutsheet = QString("color: %1; background-color: %2;")
-                                     .arg(qcolorof(st_.settings.color("biaochicolor")).name(),
-                                          qcolorof(st_.settings.color("bxianbackcolor")).name());
-    if (label14_->styleSheet() != readoutsheet) label14_->setStyleSheet(readoutsheet);
-    label14_->adjustSize();
-    label14_->raise();
+    comparison_->setVisible(st_.form.comparisonvisible);
+    placereadout(*picture1_, st_.zhu);
+    placereadout(*picture6_, st_.cong);
     if (st_.T2 && (!t2_->isActive() || t2_->interval() != st_.T2interval))
         t2_->start(st_.T2interval);
     else if (!st_.T2 && t2_->isActive())
@@ -439,6 +532,20 @@ void Form28Window::refresh() {
     else if (!st_.T1 && t1_->isActive())
         t1_->stop();
     picture1_->update();
+    picture6_->update();
+}
+
+// The pointer's read-out of a side where the logic placed it, in the picture's colours: the guide
+// colour on the background.
+void Form28Window::placereadout(PictureView& view, const Side& side) {
+    auto* label = view.findChild<QLabel*>();
+    label->move(view.towidget({side.Label14.left, side.Label14.top}).toPoint());
+    const QString sheet = QString("color: %1; background-color: %2;")
+                              .arg(qcolorof(st_.settings.color("biaochicolor")).name(),
+                                   qcolorof(st_.settings.color("bxianbackcolor")).name());
+    if (label->styleSheet() != sheet) label->setStyleSheet(sheet);
+    label->adjustSize();
+    label->raise();
 }
 
 // The A-mode panel follows the pointer while the left button holds it.

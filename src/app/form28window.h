@@ -27,6 +27,7 @@ class QTimer;
 namespace orvane {
 
 struct Station;
+struct Side;
 class ControlView;
 class DialogUi;
 class Form10Window;
@@ -59,6 +60,11 @@ class Form28Window : public QMainWindow {
     QPushButton* button(const char* name);
     QString caption(const char* name) const;
     QWidget* settingscolumn(QWidget* parent);
+    QWidget* sidepanel(QWidget* parent);
+    QWidget* filterpage(QWidget* parent);
+    QWidget* comparisonhalf(QWidget* parent);
+    PictureView* sidepicture(QWidget* parent, bool main);
+    void placereadout(PictureView& view, const Side& side);
     // The alignment window over this one while the logic has it open; the picture follows each change.
     void showformpk2();
     // The magnifier while the logic has it open.
@@ -67,24 +73,27 @@ class Form28Window : public QMainWindow {
     void focuspicture();
     // The mouse on the picture: on the grip of the cursor assembly it goes to Labelyz, elsewhere to the
     // view (press with its popup menu a13, the read-out, drag or click).
-    void picturemouse(const char* kind, Qt::MouseButton button, QPointF at);
+    void picturemouse(const char* kind, Qt::MouseButton button, QPointF at, bool main);
     // The A-mode panel Picture5 beside the picture.
     QWidget* amodepanel(QWidget* parent);
-    void drawruler(QPainter& painter);
+    void drawruler(QPainter& painter, const PictureView& view, const Side& side);
 
     Station& st_;
     DialogUi& ui_;
     std::unique_ptr<RasterCanvas> canvas_;
     std::unique_ptr<RasterCanvas> canvas3_; // the A-mode picture
+    std::unique_ptr<RasterCanvas> canvas6_; // the comparison's picture
+    PictureView* picture6_ = nullptr;
+    QWidget* comparison_ = nullptr; // the lower half with Picture6
     PictureView* picture1_ = nullptr;
     PictureView* picture3_ = nullptr;
     QWidget* picture5_ = nullptr;
-    QLabel* label14_ = nullptr;
     QTimer* t2_ = nullptr;
     QProgressBar* pb1_ = nullptr;
     QTimer* t1_ = nullptr;
     std::vector<QLabel*> colours_; // Lysa..Lysi
     QMenu* popup_ = nullptr;       // a13
+    QMenu* popupdb_ = nullptr;     // a13 on the comparison's picture
     QLabel* label20_ = nullptr;
     ControlView* controls_ = nullptr;
     QPointer<Formpk2Window> formpk2_;

@@ -27,6 +27,8 @@
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QSignalSpy>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QTableWidget>
 #include <QTest>
 #include <QTimer>
@@ -296,7 +298,8 @@ TEST_F(Form28Replay, EveryNamedWidgetHasItsEntryInTheTable) {
                                  qobject_cast<QLineEdit*>(o) || qobject_cast<QLabel*>(o) ||
                                  qobject_cast<QTableWidget*>(o) || qobject_cast<QAction*>(o) ||
                                  qobject_cast<PictureView*>(o);
-            if (!control || o->objectName().isEmpty()) continue;
+            // The scroll buttons of the side panel's tab bar are Qt's own.
+            if (!control || o->objectName().isEmpty() || qobject_cast<QTabBar*>(o->parent())) continue;
             EXPECT_NE(st.controls.find(prefix + o->objectName().toStdString()), nullptr)
                 << prefix << o->objectName().toStdString();
             ++seen;
@@ -315,6 +318,11 @@ TEST_F(Form28Replay, EveryNamedWidgetHasItsEntryInTheTable) {
 // table itself for the controls of views this window does not show yet. None is unknown.
 TEST_F(Form28Replay, EveryControlTakesAnActThroughTheWindow) {
     window->show();
+    // A comparison open, so that the controls of the lower half take their acts too.
+    ui.answers = {st.zhu.filepath};
+    control<QPushButton>("Command17")->click();
+    ASSERT_TRUE(st.form.comparisonvisible);
+    ui.messages.clear();
     int acted = 0;
     for (const Control& c : st.controls.all()) {
         if (ControlTable::formof(c.name) != "Form28" || c.name == "Command3" || c.kind == ControlKind::grid)
@@ -349,6 +357,56 @@ TEST_F(Form28Replay, EveryControlTakesAnActThroughTheWindow) {
     }
     EXPECT_GT(acted, 90);
     window->hide();
+}
+
+TEST_F(Form28Replay, FilterOnItsTabListsHitsAndARowClickGoesThere) {
+    window->show();
+    auto* tabs = control<QTabWidget>("SSTab1");
+    ASSERT_NE(tabs, nullptr);
+    EXPECT_EQ(tabs->count(), 7);
+    EXPECT_EQ(tabs->tabText(0), "过滤");
+    EXPECT_EQ(tabs->tabText(4), "设置");
+    EXPECT_EQ(control<QLineEdit>("Ttde")->text(), "1");
+    control<QPushButton>("Command2")->click();
+    auto* hits = control<QTableWidget>("Grid1bj");
+    ASSERT_GT(hits->rowCount(), 1);
+    EXPECT_EQ(hits->item(0, 1)->text(), "报警通道");
+    EXPECT_TRUE(control<QPushButton>("Command14")->isEnabled());
+    const int row = hits->rowCount() - 1;
+    QTest::mouseClick(hits->viewport(), Qt::LeftButton, {},
+                      hits->visualItemRect(hits->item(row, 0)).center());
+    EXPECT_EQ(st.zhu.viewindex, std::max(600, st.hitpos[row - 1] - 800));
+    control<QPushButton>("Command14")->click();
+    EXPECT_FALSE(control<QPushButton>("Command14")->isEnabled());
+    // Unticked, a channel's box reads 0 and rests.
+    control<QCheckBox>("Check9")->click();
+    EXPECT_EQ(control<QLineEdit>("Ttda")->text(), "0");
+    EXPECT_FALSE(control<QLineEdit>("Ttda")->isEnabled());
+}
+
+TEST_F(Form28Replay, ComparisonOpensBelowWithTheSameWidthAndClosesAgain) {
+    for (const QSize size : {QSize(1920, 1080), QSize(1366, 768)}) {
+        window->resize(size);
+        window->show();
+        ui.answers = {st.zhu.filepath};
+        control<QPushButton>("Command17")->click();
+        QApplication::processEvents();
+        auto* upper = control<PictureView>("Picture1");
+        auto* lower = control<PictureView>("Picture6");
+        ASSERT_TRUE(lower->isVisible());
+        EXPECT_EQ(control<QPushButton>("Command17")->text(), "关闭对比");
+        EXPECT_EQ(lower->width(), upper->width());
+        EXPECT_GT(lower->mapTo(window.get(), QPoint(0, 0)).y(),
+                  upper->mapTo(window.get(), QPoint(0, upper->height())).y());
+        EXPECT_GE(upper->height(), size.height() / 6) << size.height();
+        EXPECT_GE(lower->height(), size.height() / 6) << size.height();
+        EXPECT_FALSE(control<QLabel>("Lzygkdb")->text().isEmpty());
+        EXPECT_TRUE(control<QRadioButton>("Option12")->isVisible());
+        EXPECT_FALSE(control<QRadioButton>("Option3")->isVisibleTo(window.get()));
+        control<QPushButton>("Command17")->click();
+        EXPECT_FALSE(lower->isVisible());
+        EXPECT_EQ(control<QPushButton>("Command17")->text(), "打开对比");
+    }
 }
 
 TEST_F(Form28Replay, AllChannelsBoxShowsWhileEveryChannelShows) {
