@@ -120,4 +120,27 @@ TEST_F(Form28Screenshot, AlignmentWindowOverTheDemo) {
     formpk2->reject();
 }
 
+// Last year's run (another demo walk of the same rail) below this year's, both at the first joint.
+TEST_F(Form28Screenshot, ComparisonOfTwoRunsBelowOneAnother) {
+    const ktrgen::Recording other = ktrgen::generate(ktrgen::preset("demo"), 4);
+    ui.answers = {writefile("other.ktr", std::string(other.bytes.begin(), other.bytes.end()))};
+    window->resize(1920, 1080);
+    gotoposition(st, demo.truth.joints.front() - 600);
+    window->findChild<QPushButton*>("Command17")->click();
+    ASSERT_TRUE(st.form.comparisonvisible);
+    window->refresh();
+    QApplication::processEvents();
+    EXPECT_TRUE(window->grab().save(QString(ORVANE_ARTIFACTS) + "/form28-comparison.png"));
+    auto* lower = window->findChild<PictureView*>("Picture6");
+    const QImage image = lower->grab().toImage();
+    // The running surface of the comparison across its picture.
+    const QColor back = image.pixelColor(2, image.height() / 2);
+    const int y = static_cast<int>(lower->towidget({0, 18}).y());
+    int surface = 0;
+    for (int x = 0; x < image.width(); ++x)
+        for (int dy = -2; dy <= 2; ++dy)
+            surface += image.pixelColor(x, std::clamp(y + dy, 0, image.height() - 1)) != back;
+    EXPECT_GT(surface, image.width() / 4);
+}
+
 } // namespace
