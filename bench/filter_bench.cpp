@@ -12,7 +12,6 @@
 #include "station/systemclock.h"
 
 #include <benchmark/benchmark.h>
-#include <fstream>
 #include <stdexcept>
 
 namespace {
@@ -26,10 +25,7 @@ struct Loaded {
     Loaded() {
         ktrgen::Scenario scenario = ktrgen::preset("large");
         scenario.lengthkm = 17.0;
-        const ktrgen::Recording r = ktrgen::generate(scenario, 1);
-        std::ofstream(path, std::ios::binary)
-            .write(reinterpret_cast<const char*>(r.bytes.data()),
-                   static_cast<std::streamsize>(r.bytes.size()));
+        ktrgen::writefile(path, ktrgen::generate(scenario, 1));
         orvane::assemble(st);
         st.ui = &ui;
         st.clock = &clock;

@@ -18,7 +18,6 @@
 #include <QGuiApplication>
 #include <benchmark/benchmark.h>
 #include <cmath>
-#include <fstream>
 #include <memory>
 
 namespace {
@@ -32,10 +31,7 @@ struct Loaded {
 
     Loaded() {
         const std::string path = "/tmp/orvane-bench-large.ktr";
-        const ktrgen::Recording r = ktrgen::generate(ktrgen::preset("large"), 1);
-        std::ofstream(path, std::ios::binary)
-            .write(reinterpret_cast<const char*>(r.bytes.data()),
-                   static_cast<std::streamsize>(r.bytes.size()));
+        ktrgen::writefile(path, ktrgen::generate(ktrgen::preset("large"), 1));
         orvane::assemble(st);
         st.ui = &ui;
         st.clock = &clock;

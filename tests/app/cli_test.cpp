@@ -92,9 +92,7 @@ class CliDump : public Cli {
     std::string smallrecording(ktrgen::Recording& rec) {
         rec = ktrgen::generate(ktrgen::preset("small"), 2);
         const std::string path = temp.file("small.ktr");
-        std::ofstream(path, std::ios::binary)
-            .write(reinterpret_cast<const char*>(rec.bytes.data()),
-                   static_cast<std::streamsize>(rec.bytes.size()));
+        ktrgen::writefile(path, rec);
         return path;
     }
 };

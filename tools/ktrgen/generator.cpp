@@ -5,8 +5,11 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <filesystem>
+#include <fstream>
 #include <map>
 #include <random>
+#include <stdexcept>
 
 namespace ktrgen {
 
@@ -578,6 +581,23 @@ std::string truthjson(const Truth& t) {
     j.endarray();
     j.endobject();
     return j.text();
+}
+
+void writefile(const std::string& path, const char* data, std::size_t size) {
+    const std::string partial = path + ".partial";
+    {
+        std::ofstream out(partial, std::ios::binary | std::ios::trunc);
+        out.write(data, static_cast<std::streamsize>(size));
+        if (!out) {
+            std::filesystem::remove(partial);
+            throw std::runtime_error("cannot write " + path);
+        }
+    }
+    std::filesystem::rename(partial, path);
+}
+
+void writefile(const std::string& path, const Recording& r) {
+    writefile(path, reinterpret_cast<const char*>(r.bytes.data()), r.bytes.size());
 }
 
 } // namespace ktrgen

@@ -40,4 +40,10 @@ Recording generate(const Scenario& s, std::uint32_t seed);
 // The truth as JSON.
 std::string truthjson(const Truth& t);
 
+// Writes SIZE bytes through a partial file renamed into place, so that a failed run leaves no file
+// behind; throws std::runtime_error naming the path when it cannot.
+void writefile(const std::string& path, const char* data, std::size_t size);
+// The recording's bytes as the file PATH.
+void writefile(const std::string& path, const Recording& r);
+
 } // namespace ktrgen

@@ -4,7 +4,6 @@
 
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <stdexcept>
 #include <string>
@@ -16,20 +15,6 @@ constexpr const char* usage =
     "              [--length-km X] [--start-km X] [--count up|down] [--joint 12.5|25]\n"
     "              [--rail FROM:WEIGHT,...] [--defect KIND@METRES]... [--restarts N]\n"
     "              [--reversals N] [--speed MIN:MAX] [--instrument NNNNN] -o FILE.ktr";
-
-// Writes through a partial file, so that a failed run leaves no file behind.
-void writefile(const std::string& path, const char* data, std::size_t size) {
-    const std::string partial = path + ".partial";
-    {
-        std::ofstream out(partial, std::ios::binary | std::ios::trunc);
-        out.write(data, static_cast<std::streamsize>(size));
-        if (!out) {
-            std::filesystem::remove(partial);
-            throw std::runtime_error("cannot write " + path);
-        }
-    }
-    std::filesystem::rename(partial, path);
-}
 
 } // namespace
 
@@ -73,10 +58,10 @@ int main(int argc, char** argv) {
     }
     try {
         const ktrgen::Recording r = ktrgen::generate(scenario, seed);
-        writefile(output, reinterpret_cast<const char*>(r.bytes.data()), r.bytes.size());
+        ktrgen::writefile(output, reinterpret_cast<const char*>(r.bytes.data()), r.bytes.size());
         if (!truthpath.empty()) {
             const std::string json = ktrgen::truthjson(r.truth);
-            writefile(truthpath, json.data(), json.size());
+            ktrgen::writefile(truthpath, json.data(), json.size());
         }
         std::cerr << "ktrgen: " << output << ": " << r.truth.records << " records, " << r.bytes.size()
                   << " bytes, last position " << r.truth.lastposition << "\n";
