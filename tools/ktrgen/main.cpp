@@ -3,7 +3,6 @@
 #include "scenario.h"
 
 #include <cstdio>
-#include <filesystem>
 #include <iostream>
 #include <stdexcept>
 #include <string>
