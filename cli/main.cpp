@@ -2,6 +2,8 @@
 #include "app/startup.h"
 #include "bmode/bmode.h"
 #include "commands.h"
+#include "json.h"
+#include "processing/clip.h"
 #include "replay/bofang.h"
 #include "replay/transport.h"
 #include "replay/viewmap.h"
@@ -31,8 +33,10 @@ constexpr const char* usage =
     "[--answer TEXT]... [-o FILE]\n"
     "       orvane-cli frame FILE [--view N] [--seed N] [--set NAME=VALUE]... "
     "(--png OUT | --ops OUT)\n"
+    "       orvane-cli clip FILE --from POSITION --to POSITION -o OUT.ktr\n"
     "       orvane-cli run FILE [--seed N] [--set NAME=VALUE]... [--answer TEXT]... "
-    "[--do ACTION]... [--canvas NAME] [--png OUT] [--ops OUT] [--cells FROM:TO] [--cellsdb FROM:TO]";
+    "[--do ACTION]... [--canvas NAME] [--png OUT] [--ops OUT] [--cells FROM:TO] [--cellsdb FROM:TO] "
+    "[--clock YYYYMMDD-hhmmss]";
 
 struct Arguments {
     std::string command;
@@ -46,6 +50,8 @@ struct Arguments {
     std::string png, ops;
     std::string canvas = "Picture1"; // the canvas that --png and --ops write
     std::vector<std::string> actions;
+    std::optional<std::tm> clock;         // --clock: the station's clock stands there
+    std::optional<std::int64_t> from, to; // clip: the two markers
 };
 
 // FROM:TO as two whole numbers.
@@ -112,6 +118,16 @@ std::optional<std::string> parse(int argc, char** argv, Arguments& a) {
             const long long n = v ? std::strtoll(v->c_str(), &end, 10) : 0;
             if (!v || v->empty() || *end || n < 0) return "--view needs a view index";
             a.view = n;
+        } else if (arg == "--clock") {
+            auto v = next();
+            a.clock = v ? orvane::clocktime(*v) : std::nullopt;
+            if (!a.clock) return "--clock needs YYYYMMDD-hhmmss";
+        } else if (arg == "--from" || arg == "--to") {
+            auto v = next();
+            char* end = nullptr;
+            const long long n = v ? std::strtoll(v->c_str(), &end, 10) : 0;
+            if (!v || v->empty() || *end || n < 0 || n > 2147483647) return arg + " needs a position";
+            (arg == "--from" ? a.from : a.to) = n;
         } else if (arg == "--do") {
             auto v = next();
             if (!v) return "--do needs an action";
@@ -238,13 +254,38 @@ int frame(orvane::Station& st, orvane::ScriptedUi& ui, const Arguments& args) {
     return output.empty() ? 0 : writeoutput(args, output);
 }
 
+// The stretch between the two positions saved as acc saves it, to the file of -o.
+int clip(orvane::Station& st, orvane::ScriptedUi& ui, const Arguments& args) {
+    const std::string& file = args.positional[0];
+    orvane::windowload(st, file);
+    if (st.process.ended)
+        return failed(ui.messages.empty() ? file + " cannot be opened" : ui.messages.back());
+    orvane::windowactivate(st);
+    if (st.zhu.samplecount == 0) return failed(file + ": " + orvane::nodatamessage);
+    if (auto status = applysets(st, args)) return *status;
+    st.clipstart = static_cast<std::int32_t>(*args.from);
+    st.clipend = static_cast<std::int32_t>(*args.to);
+    ui.answers.assign(1, args.output);
+    const std::size_t said = ui.messages.size();
+    orvane::saveclip(st);
+    if (st.written.empty()) return failed(ui.messages.size() > said ? ui.messages.back() : "nothing written");
+    orvane::cli::Json j;
+    j.beginobject().key("written").beginarray();
+    for (const std::string& path : st.written) j.value(path);
+    j.endarray().key("messages").beginarray();
+    for (const std::string& m : ui.messages) j.value(m);
+    j.endarray().endobject();
+    std::cout << j.text() << "\n";
+    return 0;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     Arguments args;
     if (auto error = parse(argc, argv, args)) return badarguments(*error);
     if (args.command != "settings" && args.command != "dump" && args.command != "frame" &&
-        args.command != "run")
+        args.command != "run" && args.command != "clip")
         return badarguments("unknown command " + args.command);
     if ((args.command == "frame" || args.command == "run") && args.positional.size() != 1)
         return badarguments(args.command + " takes one file");
@@ -252,6 +293,9 @@ int main(int argc, char** argv) {
         return badarguments("frame writes either --png OUT or --ops OUT");
     if (args.command == "settings" && !args.positional.empty()) return badarguments("settings takes no file");
     if (args.command == "dump" && args.positional.size() != 1) return badarguments("dump takes one file");
+    if (args.command == "clip" &&
+        (args.positional.size() != 1 || !args.from || !args.to || args.output.empty()))
+        return badarguments("clip takes one file, --from, --to and -o");
 
     orvane::Station st;
     orvane::ScriptedUi ui;
@@ -260,6 +304,7 @@ int main(int argc, char** argv) {
                                                            : std::make_unique<orvane::SystemClock>();
     st.ui = &ui;
     st.clock = clock.get();
+    if (args.clock) clock->stand(*args.clock);
 
     const char* language = std::getenv("ORVANE_LANGUAGE");
     try {
@@ -271,6 +316,7 @@ int main(int argc, char** argv) {
 
     try {
         if (args.command == "frame" || args.command == "run") return frame(st, ui, args);
+        if (args.command == "clip") return clip(st, ui, args);
         if (args.command == "dump") {
             const std::string& file = args.positional[0];
             orvane::windowload(st, file);

@@ -6,6 +6,7 @@
 #include "json.h"
 #include "replay/transport.h"
 #include "station/station.h"
+#include "station/systemclock.h"
 
 #include <cmath>
 #include <stdexcept>
@@ -71,6 +72,11 @@ bool runaction(Station& st, const std::string& action) {
         dblclick(st, p[1], p.size() == 3 ? number(p[2], action) : -1);
     } else if (kind == "select" && p.size() >= 3) {
         select(st, p[1], rest(action, p));
+    } else if (kind == "clock" && p.size() == 2) {
+        const auto time = clocktime(p[1]);
+        auto* clock = dynamic_cast<SystemClock*>(st.clock);
+        if (!time || !clock) throw ActionError("not a time YYYYMMDD-hhmmss in " + action);
+        clock->stand(*time);
     } else if (kind == "close" && p.size() == 2) {
         if (p[1] != "Form28") {
             closeform(st, p[1]);
@@ -199,6 +205,22 @@ std::string statejson(Station& st, const std::vector<std::string>& messages, con
     for (std::int32_t i = 0; i < st.hitcount; ++i) j.value(st.hitchannel[i]);
     j.endarray();
     j.key("layoutchanged").value(st.layoutchanged).key("savedmode").value(st.savedmode);
+    // The analyst's session and the clip.
+    j.key("analysiscount").value(st.analysiscount).key("newpoints").value(st.newpoints);
+    j.key("analysislist").beginarray();
+    for (std::int32_t i = 0; i < st.analysiscount + st.newpoints; ++i) j.value(st.analysislist[i]);
+    j.endarray();
+    j.key("analysispos").beginarray();
+    for (std::int32_t i = 0; i < st.analysiscount + st.newpoints; ++i) j.value(st.analysispos[i]);
+    j.endarray();
+    j.key("markcode").value(st.markcode).key("sessionstart").value(st.sessionstart);
+    j.key("clipstart")
+        .value(st.clipstart)
+        .key("clipend")
+        .value(st.clipend)
+        .key("cliptarget")
+        .value(st.cliptarget);
+    j.key("Tmc").value(st.form.Tmc);
     j.key("displaymode").value(st.displaymode).key("playside").value(st.playside);
     j.key("scratchpath").value(st.scratchpath).key("filepathdb").value(st.cong.filepath);
     j.key("seekhits").beginarray();
@@ -212,6 +234,9 @@ std::string statejson(Station& st, const std::vector<std::string>& messages, con
     j.endobject();
     controlsstate(j, st);
     j.endobject();
+    j.key("written").beginarray();
+    for (const std::string& path : st.written) j.value(path);
+    j.endarray();
     if (ranges.cells) cellsjson(j, "cells", st.zhu, *ranges.cells);
     if (ranges.cellsdb) {
         // The comparison store, also while it only holds the filter's backup; none before it exists.

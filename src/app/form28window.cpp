@@ -8,12 +8,14 @@
 #include "bmode/formpk2window.h"
 #include "processing/form10window.h"
 #include "render/rastercanvas.h"
+#include "replay/bofang.h"
 #include "replay/transport.h"
 #include "station/controlview.h"
 #include "station/station.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>
+#include <QComboBox>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -93,6 +95,13 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
     for (const char* name : {"aqd", "azd", "qcqzd", "axjd", "ax70"})
         popup_->addAction(caption(name))->setObjectName(name);
     popup_->findChild<QAction*>("ax70")->setCheckable(true);
+    popup_->addAction(caption("acc"))->setObjectName("acc");
+    // The analyst's points at the view.
+    QMenu* points = popup_->addMenu("分析标注");
+    for (int i = 0; i < 8; ++i) {
+        const std::string name = "f1to8(" + std::to_string(i) + ")";
+        points->addAction(caption(name.c_str()))->setObjectName(QString::fromStdString(name));
+    }
     // The same menu on the comparison's picture sets the markers of that side.
     popupdb_ = new QMenu(this);
     for (const char* name : {"aqddb", "azddb"}) popupdb_->addAction(caption(name))->setObjectName(name);
@@ -214,6 +223,13 @@ PictureView* Form28Window::sidepicture(QWidget* parent, bool main) {
             [this, main](Qt::MouseButton b, QPointF at) { picturemouse("up", b, at, main); });
     auto* readout = named(new QLabel(view), main ? "Label14" : "Label14db");
     readout->setAttribute(Qt::WA_TransparentForMouseEvents);
+    if (main) {
+        // Over the reverse text: a click opens the stretch on screen as the comparison.
+        auto* reversing = named(new QLabel(view), "Label6");
+        reversing->setToolTip("点击对比查看倒车段");
+        reversing->setCursor(Qt::PointingHandCursor);
+        reversing->setFixedSize(160, 24);
+    }
     return view;
 }
 
@@ -257,13 +273,41 @@ QWidget* Form28Window::sidepanel(QWidget* parent) {
     settings->setFrameShape(QFrame::NoFrame);
     const char* titles[] = {"过滤", "标记点", "积分值", "交接", "设置", "概况", "标注"};
     for (int i = 0; i < 7; ++i) {
-        QWidget* page = i == 0 ? filterpage(frame) : i == 4 ? settings : new QWidget(frame);
+        QWidget* page = i == 0   ? filterpage(frame)
+                        : i == 4 ? settings
+                        : i == 6 ? pointspage(frame)
+                                 : new QWidget(frame);
         const auto english = st_.form.captions.find("SSTab1." + std::to_string(i));
         frame->addTab(page, english != st_.form.captions.end() ? QString::fromStdString(english->second)
                                                                : QString(titles[i]));
     }
     frame->setFixedWidth(settings->widget()->sizeHint().width() + 24);
     return frame;
+}
+
+// The analyst's name and points: the choice of the entry, the list, a click goes to a point.
+QWidget* Form28Window::pointspage(QWidget* parent) {
+    auto* page = new QWidget(parent);
+    auto* box = new QVBoxLayout(page);
+    auto* head = new QHBoxLayout();
+    head->addWidget(new QLabel("分析员", page));
+    auto* name = named(new QLineEdit(page), "Tmc");
+    name->setToolTip("分析员姓名，关闭窗口时保存分析记录");
+    head->addWidget(name, 1);
+    auto* choice = named(new QComboBox(page), "Combo3");
+    for (const char* caption : f1to8) choice->addItem(QString::fromUtf8(caption).mid(3));
+    choice->addItem("全部");
+    head->addWidget(choice);
+    box->addLayout(head);
+    auto* list = named(new QTableWidget(page), "grid1bz");
+    list->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    list->setSelectionBehavior(QAbstractItemView::SelectRows);
+    list->verticalHeader()->hide();
+    list->horizontalHeader()->hide();
+    list->horizontalHeader()->setStretchLastSection(true);
+    list->setToolTip("点击一行跳到该处");
+    box->addWidget(list, 1);
+    return page;
 }
 
 // The filter: a threshold box for each channel behind its check box, the buttons, the hits.
@@ -520,6 +564,8 @@ void Form28Window::refresh() {
     picture5_->setVisible(st_.Picture5visible);
     comparison_->setVisible(st_.form.comparisonvisible);
     placereadout(*picture1_, st_.zhu);
+    picture1_->findChild<QLabel*>("Label6")->move(
+        picture1_->towidget({st_.form.Label6.left, st_.form.Label6.top}).toPoint());
     placereadout(*picture6_, st_.cong);
     if (st_.T2 && (!t2_->isActive() || t2_->interval() != st_.T2interval))
         t2_->start(st_.T2interval);
@@ -538,7 +584,7 @@ void Form28Window::refresh() {
 // The pointer's read-out of a side where the logic placed it, in the picture's colours: the guide
 // colour on the background.
 void Form28Window::placereadout(PictureView& view, const Side& side) {
-    auto* label = view.findChild<QLabel*>();
+    auto* label = view.findChild<QLabel*>(side.main ? "Label14" : "Label14db");
     label->move(view.towidget({side.Label14.left, side.Label14.top}).toPoint());
     const QString sheet = QString("color: %1; background-color: %2;")
                               .arg(qcolorof(st_.settings.color("biaochicolor")).name(),
@@ -594,7 +640,12 @@ void Form28Window::closeEvent(QCloseEvent* event) {
     t1_->stop();
     t2_->stop();
     if (formpk2_) formpk2_->close();
-    windowunload(st_);
+    // A session that could not be saved keeps the window open, unless the user dropped it.
+    if (!windowunload(st_)) {
+        event->ignore();
+        refresh();
+        return;
+    }
     event->accept();
 }
 

@@ -62,6 +62,7 @@ class Form28Window : public QMainWindow {
     QWidget* settingscolumn(QWidget* parent);
     QWidget* sidepanel(QWidget* parent);
     QWidget* filterpage(QWidget* parent);
+    QWidget* pointspage(QWidget* parent);
     QWidget* comparisonhalf(QWidget* parent);
     PictureView* sidepicture(QWidget* parent, bool main);
     void placereadout(PictureView& view, const Side& side);

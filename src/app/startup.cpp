@@ -6,6 +6,8 @@
 #include "bmode/bmode.h"
 #include "bmode/controls.h"
 #include "processing/controls.h"
+#include "processing/safefile.h"
+#include "processing/session.h"
 #include "recording/controls.h"
 #include "recording/panels.h"
 #include "recording/walk.h"
@@ -189,6 +191,9 @@ void windowload(Station& st, const std::string& commandline) {
 
     st.zhu.filepath = stripquotes(commandline);
     const std::string trimmed = trimblanks(st.zhu.filepath);
+    // What a killed save left beside the recording or in the station folder.
+    sweeppartials(fs::path(trimmed).parent_path().empty() ? "." : fs::path(trimmed).parent_path().string());
+    sweeppartials(st.folder);
     std::error_code ec;
     if (utf32of(trimmed).size() < 4 || !fs::exists(trimmed, ec) || fs::is_directory(trimmed, ec))
         st.ui->message(st.zhu.filepath + "有误");
@@ -254,14 +259,19 @@ void windowactivate(Station& st) {
     if (st.settings.viewspan == 600) capexpanded(st);
     loadfilterboxes(st);
 
+    // The points of earlier sessions in the list of the tab "标注".
+    pointlist(st);
     // The first picture, or the newest note of an earlier analysis.
     st.zhu.viewindex = 600;
     yybscs(st);
     bofang(st);
 }
 
-void windowunload(Station& st) {
+bool windowunload(Station& st) {
+    // The analyst's session is kept unless the user chose to keep the window open to save it later.
+    if (!st.form.Tmc.empty() && !saveanalysis(st)) return false;
     st.process.ended = true;
+    return true;
 }
 
 } // namespace orvane

@@ -24,7 +24,8 @@ void windowload(Station& st, const std::string& commandline);
 void windowactivate(Station& st);
 
 // Close of Form28: the analyst's session is saved when a name stands in Tmc, then the process ends.
-void windowunload(Station& st);
+// False when the session could not be saved and the user keeps the window open for it.
+bool windowunload(Station& st);
 
 // The constants of the picture, set when the window loads: sound speeds, beam factors, angles.
 void pictureconstants(Station& st);

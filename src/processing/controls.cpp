@@ -1,11 +1,15 @@
 #include "processing/controls.h"
 
 #include "amode/amode.h"
+#include "processing/clip.h"
 #include "processing/comparison.h"
 #include "processing/filter.h"
 #include "processing/pointer.h"
+#include "processing/session.h"
 #include "processing/zoom.h"
+#include "replay/bofang.h"
 #include "station/station.h"
+#include "station/text.h"
 
 namespace orvane {
 
@@ -154,9 +158,51 @@ void filterandcomparison(Station& st) {
     st.controls.add(heading);
 }
 
+// The analyst's points and their list, the name box, saving a stretch.
+void analysis(Station& st) {
+    for (int i = 0; i < 8; ++i) {
+        Control entry = control("f1to8(" + std::to_string(i) + ")", ControlKind::menuentry, f1to8[i]);
+        entry.enabled = recordingloaded;
+        entry.click = [i](Station& st, const std::string&) {
+            st.markcode = static_cast<std::int16_t>(i + 1);
+            addanalysispoint(st);
+        };
+        st.controls.add(entry);
+    }
+    Control choice = control("Combo3", ControlKind::combobox);
+    choice.textof = [](const Station& st) { return st.form.Combo3; };
+    choice.select = [](Station& st, const std::string& text) {
+        for (const char* caption : f1to8)
+            if (utf8of(utf32of(caption).substr(3)) == text || text == "全部") {
+                st.form.Combo3 = text;
+                pointlist(st);
+                return;
+            }
+        throw ControlError("Combo3 没有这一项：" + text);
+    };
+    st.controls.add(choice);
+    Control points = control("grid1bz", ControlKind::grid);
+    points.cells = [](const Station& st) { return st.form.grid1bz; };
+    points.row = gotopoint;
+    st.controls.add(points);
+    Control name = control("Tmc", ControlKind::textbox);
+    name.textof = [](const Station& st) { return st.form.Tmc; };
+    name.text = typeanalyst;
+    st.controls.add(name);
+    Control store = control("acc", ControlKind::menuentry, "存储");
+    store.enabled = [](const Station& st) { return st.form.accenabled; };
+    store.click = [](Station& st, const std::string&) { saveclip(st); };
+    st.controls.add(store);
+    Control reversing = control("Label6", ControlKind::label);
+    reversing.visible = [](const Station& st) { return st.form.Label6.visible; };
+    reversing.click = [](Station& st, const std::string&) { reversingclip(st); };
+    st.controls.add(reversing);
+}
+
 } // namespace
 
 void registerprocessing(Station& st) {
+    analysis(st);
     pointers(st);
     closerlook(st);
     filterandcomparison(st);
@@ -172,7 +218,6 @@ void registerprocessing(Station& st) {
         box.text = [k](Station& st, const std::string& text) { st.form.filtertext[k] = text; };
         st.controls.add(box);
     }
-    st.controls.add(formtext("Tmc", &Form28State::Tmc));
 }
 
 } // namespace orvane

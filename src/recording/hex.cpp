@@ -71,4 +71,11 @@ int imagebyte(std::string_view image, std::size_t offset) {
     return static_cast<int>(hexvalue(image.substr(2 * offset, 2)));
 }
 
+std::string recordof(std::string_view image) {
+    std::string bytes(recordbytes, '\0');
+    for (std::size_t i = 0; i < static_cast<std::size_t>(recordbytes) && 2 * i + 1 < image.size(); ++i)
+        bytes[i] = static_cast<char>(hexvalue(image.substr(2 * i, 2)));
+    return bytes;
+}
+
 } // namespace orvane

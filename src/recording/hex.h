@@ -28,6 +28,10 @@ std::int64_t hexvalue(std::string_view digits);
 // The byte at OFFSET of a record kept as its image; 0 where the image is shorter.
 int imagebyte(std::string_view image, std::size_t offset);
 
+// The 256 bytes of a record written from its text image: padded with "00" to 512 characters, each
+// pair of hexadecimal digits one byte.
+std::string recordof(std::string_view image);
+
 // A big-endian number of WIDTH bytes.
 inline std::int32_t bigendian(const std::uint8_t* bytes, int width) {
     std::int32_t v = 0;

@@ -4,6 +4,7 @@
 
 #include <QAction>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -53,6 +54,10 @@ void ControlView::bind(QObject* object, const Control& c) {
         });
     } else if (auto* entry = qobject_cast<QAction*>(object)) {
         connect(entry, &QAction::triggered, this, [this, name] { act_([this, name] { press(st_, name); }); });
+    } else if (auto* combo = qobject_cast<QComboBox*>(object)) {
+        connect(combo, &QComboBox::textActivated, this, [this, name](const QString& text) {
+            act_([this, name, text] { select(st_, name, text.toStdString()); });
+        });
     } else if (auto* table = qobject_cast<QTableWidget*>(object)) {
         if (c.row)
             connect(table, &QTableWidget::cellClicked, this,
@@ -122,6 +127,12 @@ void ControlView::show(const Binding& b) {
         if (bar->minimum() != c->min || bar->maximum() != c->rangemax(st_))
             bar->setRange(c->min, c->rangemax(st_));
         if (c->value && bar->value() != c->value(st_)) bar->setValue(c->value(st_));
+    } else if (auto* combo = qobject_cast<QComboBox*>(widget)) {
+        const QString text = QString::fromStdString(c->textof ? c->textof(st_) : std::string());
+        if (combo->currentText() != text) {
+            const QSignalBlocker quiet(combo);
+            combo->setCurrentText(text);
+        }
     } else if (auto* table = qobject_cast<QTableWidget*>(widget)) {
         if (!c->cells) return;
         const auto cells = c->cells(st_);

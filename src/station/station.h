@@ -223,6 +223,9 @@ struct Form28State {
     bool Command20enabled = true;
     // The comparison's job heading over its picture.
     std::string Lzygkdb;
+    // The list of the analyst's points under the choice of Combo3 (an entry of f1to8, or "全部").
+    Table grid1bz{{"序号", "标注", "里程", "时间"}};
+    std::string Combo3 = "全部";
 };
 
 // How the process stands: the window may ask to end it; the program then exits with this status.
@@ -302,8 +305,15 @@ struct Station {
     std::string Text2;           // and on the comparison side
     std::vector<std::int32_t> seekhits = std::vector<std::int32_t>(101);
     std::int16_t seekcount = 0, seekat = 0;
-    // The ends of the stretch to save, as the last markers set them.
+    // The ends of the stretch to save, as the last markers set them, and the file it went to.
     std::int32_t clipstart = 0, clipend = 0;
+    std::string cliptarget;
+    // The analyst's last menu entry of f1to8 (1 to 8), and the points the list grid1bz shows.
+    std::int16_t markcode = 0;
+    std::vector<std::int32_t> pointlistpos;
+    std::vector<std::string> pointlisttext;
+    // Every file the station wrote, in order.
+    std::vector<std::string> written;
     std::string markerkind;
     double pointerx = 0; // x of the last press on the picture
     // The pointer on a picture: a release acts only after a press that found the replay paused.

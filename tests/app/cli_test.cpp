@@ -361,7 +361,7 @@ TEST_F(CliDump, EveryControlOfTheTableCanBeReachedHeadless) {
         case orvane::ControlKind::combobox:
             break;
         default:
-            actions += " --do press:" + n;
+            actions += " --do 'press:" + n + "'"; // the shell keeps the parentheses of f1to8(0)
         }
     }
     // The alignment window's controls while it is open, then its close box.
