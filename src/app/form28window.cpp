@@ -47,6 +47,18 @@ template <class W> W* named(W* widget, const char* name) {
     widget->setObjectName(name);
     return widget;
 }
+
+// A list of the side panel whose row click goes to its place; its heads stand in row 0.
+QTableWidget* rowlist(QWidget* parent, const char* name) {
+    auto* list = named(new QTableWidget(parent), name);
+    list->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    list->setSelectionBehavior(QAbstractItemView::SelectRows);
+    list->verticalHeader()->hide();
+    list->horizontalHeader()->hide();
+    list->horizontalHeader()->setStretchLastSection(true);
+    list->setToolTip("点击一行跳到该处");
+    return list;
+}
 } // namespace
 
 // The caption a control is built with, so that the layout gives it room from the start.
@@ -299,14 +311,7 @@ QWidget* Form28Window::pointspage(QWidget* parent) {
     choice->addItem("全部");
     head->addWidget(choice);
     box->addLayout(head);
-    auto* list = named(new QTableWidget(page), "grid1bz");
-    list->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    list->setSelectionBehavior(QAbstractItemView::SelectRows);
-    list->verticalHeader()->hide();
-    list->horizontalHeader()->hide();
-    list->horizontalHeader()->setStretchLastSection(true);
-    list->setToolTip("点击一行跳到该处");
-    box->addWidget(list, 1);
+    box->addWidget(rowlist(page, "grid1bz"), 1);
     return page;
 }
 
@@ -332,14 +337,7 @@ QWidget* Form28Window::filterpage(QWidget* parent) {
     for (const char* name : {"Command2", "Command14", "Command36"})
         buttons->addWidget(named(new QPushButton(caption(name), page), name));
     box->addLayout(buttons);
-    auto* hits = named(new QTableWidget(page), "Grid1bj");
-    hits->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    hits->setSelectionBehavior(QAbstractItemView::SelectRows);
-    hits->verticalHeader()->hide();
-    hits->horizontalHeader()->hide();
-    hits->horizontalHeader()->setStretchLastSection(true);
-    hits->setToolTip("点击一行跳到该处");
-    box->addWidget(hits, 1);
+    box->addWidget(rowlist(page, "Grid1bj"), 1);
     return page;
 }
 

@@ -4,11 +4,11 @@
 #include "generator.h"
 #include "processing/clip.h"
 #include "recording/hex.h"
+#include "recordingfixture.h"
 #include "scenario.h"
 #include "station/controls.h"
 #include "station/recordingcanvas.h"
 #include "station/station.h"
-#include "stationfixture.h"
 
 #include <filesystem>
 #include <fstream>
@@ -20,24 +20,10 @@ namespace fs = std::filesystem;
 
 namespace {
 
-std::string contents(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return std::string((std::istreambuf_iterator<char>(in)), {});
-}
+using testkit::contents;
 
-class Clip : public testkit::StationTest {
+class Clip : public testkit::RecordingTest {
   protected:
-    RecordingCanvas picture1;
-    std::string original, bytes;
-    void SetUp() override {
-        start();
-        st.picture1 = &picture1;
-        const ktrgen::Recording rec = ktrgen::generate(ktrgen::preset("small"), 2);
-        bytes.assign(rec.bytes.begin(), rec.bytes.end());
-        original = writefile("20261122_083.ktr", bytes);
-        windowload(st, original);
-        windowactivate(st);
-    }
     std::string clip(std::int32_t from, std::int32_t to, const std::string& name) {
         st.clipstart = from;
         st.clipend = to;

@@ -5,11 +5,11 @@
 #include "processing/clip.h"
 #include "processing/safefile.h"
 #include "processing/session.h"
+#include "recordingfixture.h"
 #include "scenario.h"
 #include "station/controls.h"
 #include "station/recordingcanvas.h"
 #include "station/station.h"
-#include "stationfixture.h"
 
 #include <csignal>
 #include <filesystem>
@@ -25,24 +25,14 @@ namespace fs = std::filesystem;
 
 namespace {
 
-std::string contents(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return std::string((std::istreambuf_iterator<char>(in)), {});
-}
+using testkit::contents;
 
-class Session : public testkit::StationTest {
+class Session : public testkit::RecordingTest {
   protected:
-    RecordingCanvas picture1;
-    std::string original, bytes;
-
     void SetUp() override {
-        start();
-        st.picture1 = &picture1;
-        const ktrgen::Recording rec = ktrgen::generate(ktrgen::preset("small"), 2);
-        bytes.assign(rec.bytes.begin(), rec.bytes.end());
-        original = writefile("20261122_083.ktr", bytes); // an instrument's name: 16 characters
         at(10, 0, 0);
-        open(original);
+        RecordingTest::SetUp();
+        ui.messages.clear();
     }
     void at(int hour, int minute, int second) {
         clock.time.tm_year = 126, clock.time.tm_mon = 10, clock.time.tm_mday = 23;
