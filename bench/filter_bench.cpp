@@ -91,7 +91,7 @@ BENCHMARK(MainWalk)->Unit(benchmark::kMillisecond);
 
 void ComparisonWalk(benchmark::State& state) {
     Loaded& l = loaded();
-    orvane::comparisonstore(l.st, orvane::comparisonstorelast, 0);
+    orvane::makecomparisonstore(l.st, orvane::comparisonstorelast, 0);
     l.st.cong.filepath = l.path;
     for (auto _ : state) orvane::walkfile(l.st, l.st.cong);
     state.counters["lastposition"] = l.st.cong.lastposition;

@@ -56,7 +56,7 @@ void presscomparison(Station& st) {
 void opencomparison(Station& st) {
     st.form.accenabled = false; // a stretch can't be saved from a comparison
     st.form.captions["Command17"] = english(st) ? "Single" : "关闭对比";
-    comparisonstore(st, comparisonstorelast, 0);
+    makecomparisonstore(st, comparisonstorelast, 0);
     st.Text2 = kilometrenote(st.zhu);
     st.savedmode = st.displaymode;
 

@@ -132,10 +132,7 @@ void closerlook(Station& st) {
 
 // The filter's buttons and its list of hits; the button of the comparison and what it shows.
 void filterandcomparison(Station& st) {
-    Control process = control("Command2", ControlKind::button, "处理");
-    process.enabled = recordingloaded;
-    process.click = [](Station& st, const std::string&) { processfilter(st); };
-    st.controls.add(process);
+    st.controls.add(actionbutton("Command2", "处理", processfilter));
     Control cancel = control("Command14", ControlKind::button, "取消过滤");
     cancel.enabled = [](const Station& st) { return st.form.Command14enabled; };
     cancel.click = [](Station& st, const std::string&) { cancelfilter(st); };
@@ -144,10 +141,7 @@ void filterandcomparison(Station& st) {
     hits.cells = [](const Station& st) { return st.form.Grid1bj; };
     hits.row = gotohit;
     st.controls.add(hits);
-    Control compare = control("Command17", ControlKind::button, "打开对比");
-    compare.enabled = recordingloaded;
-    compare.click = [](Station& st, const std::string&) { presscomparison(st); };
-    st.controls.add(compare);
+    st.controls.add(actionbutton("Command17", "打开对比", presscomparison));
     Control details = control("Command20", ControlKind::button, "详细");
     details.visible = [](const Station& st) { return st.form.Command20visible; };
     details.enabled = [](const Station& st) { return st.form.Command20enabled; };

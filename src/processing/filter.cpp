@@ -119,7 +119,7 @@ void closecluster(Station& st, std::int32_t anchor) {
 
 } // namespace
 
-bool comparisonstore(Station& st, std::int64_t last, std::int64_t need) {
+bool makecomparisonstore(Station& st, std::int64_t last, std::int64_t need) {
     if (st.comparisonstore == "no") {
         if (need > last) return false;
         st.cong.gridlast = last;
@@ -150,7 +150,7 @@ void processfilter(Station& st) {
     Side& side = st.zhu;
     // The backup of the original cells needs every row of the recording in the store.
     const std::int64_t bound = st.comparisonstore == "no" ? filterstorelast : st.cong.gridlast;
-    if (!comparisonstore(st, filterstorelast, side.lastposition)) {
+    if (!makecomparisonstore(st, filterstorelast, side.lastposition)) {
         st.ui->message("无法过滤：" + side.filepath + " 的结束位置 " + std::to_string(side.lastposition) +
                        " 超出对比存储的范围（最多到位置 " + std::to_string(bound) + "），未处理。");
         return;

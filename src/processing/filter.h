@@ -23,7 +23,7 @@ inline constexpr std::int32_t clusterreach = 350;
 
 // Makes the comparison store with rows 0..LAST unless it exists; false when it exists with fewer
 // rows than NEED (the rows an action must have in it).
-bool comparisonstore(Station& st, std::int64_t last, std::int64_t need);
+bool makecomparisonstore(Station& st, std::int64_t last, std::int64_t need);
 
 // The threshold of a box text: the number it starts with, rounded half to even; nullopt when that
 // does not fit in 16 bits.

@@ -12,13 +12,6 @@ namespace orvane {
 
 namespace {
 
-Control button(const std::string& name, const std::string& caption, void (*act)(Station&)) {
-    Control c = control(name, ControlKind::button, caption);
-    c.enabled = recordingloaded;
-    c.click = [act](Station& st, const std::string&) { act(st); };
-    return c;
-}
-
 // Taking the position bar stops a running replay; its moves then go to the view.
 void takebar(Station& st) {
     if (st.T1 && !st.alignment.open && replaying(st)) pressplay(st);
@@ -41,7 +34,7 @@ Control positionbar(const std::string& name, bool main) {
 }
 
 void transport(Station& st) {
-    Control play = button("Command8", "连续播放", pressplay);
+    Control play = actionbutton("Command8", "连续播放", pressplay);
     st.controls.add(play);
     for (const auto& [name, caption, direction] :
          {std::tuple{"Command25", "正向 ▶", 1}, {"Command26", "◀ 反向", -1}}) {
@@ -52,13 +45,13 @@ void transport(Station& st) {
         };
         st.controls.add(c);
     }
-    st.controls.add(button("Command34", "步进 ▶", stepforward));
-    st.controls.add(button("Command27", "◀ 步退", stepback));
+    st.controls.add(actionbutton("Command34", "步进 ▶", stepforward));
+    st.controls.add(actionbutton("Command27", "◀ 步退", stepback));
     using Act = void (*)(Station&);
     for (auto [name, caption, act] :
          {std::tuple<const char*, const char*, Act>{"Command37", "步进 ▶", stepforwarddb},
           {"Command38", "◀ 步退", stepbackdb}}) {
-        Control c = button(name, caption, act);
+        Control c = actionbutton(name, caption, act);
         c.visible = comparisonshown;
         st.controls.add(c);
     }

@@ -50,6 +50,13 @@ bool comparisonshown(const Station& st) {
     return st.form.comparisonvisible;
 }
 
+Control actionbutton(const std::string& name, const std::string& caption, void (*act)(Station&)) {
+    Control c = control(name, ControlKind::button, caption);
+    c.enabled = recordingloaded;
+    c.click = [act](Station& st, const std::string&) { act(st); };
+    return c;
+}
+
 Control formlabel(const std::string& name) {
     Control c = control(name, ControlKind::label);
     c.textof = [name](const Station& st) {

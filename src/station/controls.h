@@ -115,6 +115,8 @@ bool comparisonshown(const Station& st);
 
 // A label that shows the text the station keeps for it under its name.
 Control formlabel(const std::string& name);
+// A button of the loaded recording whose click runs ACT.
+Control actionbutton(const std::string& name, const std::string& caption, void (*act)(Station&));
 
 // The caption a control shows: its own reader, else the caption the station gave it (state or
 // language), else the one it was built with.

@@ -272,7 +272,10 @@ TEST_F(Session, RowsOfTheListFollowTheChoiceAndAClickGoesThere) {
     ASSERT_EQ(st.form.grid1bz.size(), 3u);
     EXPECT_EQ(st.form.grid1bz[2][0], "2"); // numbered as listed
     clickrow(st, "grid1bz", 1);
-    EXPECT_EQ(st.zhu.mapat(st.zhu.viewindex) <= st.pointlistpos[0] - 900, true);
+    // The view stands at the last view index whose position is not past the point less 900.
+    const std::int32_t target = st.pointlistpos[0] - 900;
+    EXPECT_LE(st.zhu.mapat(st.zhu.viewindex), target);
+    EXPECT_GT(st.zhu.mapat(st.zhu.viewindex + 1), target);
     // A point that lies on no sample leaves its place empty.
     st.analysispos[0] = 5;
     select(st, "Combo3", "全部");
