@@ -1,6 +1,9 @@
 #pragma once
 // The commands of orvane-cli.
+#include "station/ports.h"
+
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -11,6 +14,8 @@ namespace orvane {
 struct Station;
 struct Side;
 class RecordingCanvas;
+class ScriptedUi;
+class Workbook;
 } // namespace orvane
 
 namespace orvane::cli {
@@ -50,6 +55,36 @@ class ActionError : public std::invalid_argument {
 // close. False when it closed the main window, which ends the actions.
 bool runaction(Station& st, const std::string& action);
 // The messages shown and the state of the replay after the actions, with the cells asked for.
-std::string statejson(Station& st, const std::vector<std::string>& messages, const DumpRanges& ranges);
+// WORKBOOKS: the workbooks written under --workbooks, when it was given.
+std::string statejson(Station& st, const ScriptedUi& ui, const DumpRanges& ranges,
+                      const std::vector<std::string>* workbooks);
+
+// A workbook's model as JSON: sheets with names, cells, row fonts, column widths and borders.
+std::string workbookjson(const Workbook& book);
+// BOOK as the .xlsx file XLSXPATH with its JSON beside it; throws std::runtime_error with the reason.
+void writeworkbook(const Workbook& book, const std::string& xlsxpath);
+
+// --workbooks DIR: every workbook handed over during run as DIR/N.xlsx and DIR/N.json.
+class FolderWorkbooks : public Workbooks {
+  public:
+    explicit FolderWorkbooks(std::string dir) : folder(std::move(dir)) {}
+    void show(const Workbook& book, const std::string& report) override;
+    std::string folder;
+    std::vector<std::string> paths;
+};
+
+// orvane-cli report: KIND for each of FILES into FOLDER, JOBS files at once.
+struct ReportRequest {
+    std::string kind;
+    std::vector<std::string> files;
+    std::string folder;
+    std::string speed = "3";
+    int jobs = 1;
+};
+// Loads FILE into a fresh station (its Ui and clock set) as dump does and sets the controls; the reason when
+// it cannot.
+using Prepare = std::function<std::optional<std::string>(Station&, ScriptedUi&, const std::string& file)>;
+// Prints the JSON summary; 1 when any file failed.
+int report(const ReportRequest& request, const Prepare& prepare);
 
 } // namespace orvane::cli

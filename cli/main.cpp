@@ -1,4 +1,5 @@
 // orvane-cli: the station's logic without a window, for batch work and end-to-end checks.
+#include "amode/amode.h"
 #include "app/startup.h"
 #include "bmode/bmode.h"
 #include "commands.h"
@@ -18,6 +19,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <memory>
@@ -36,7 +38,9 @@ constexpr const char* usage =
     "       orvane-cli clip FILE --from POSITION --to POSITION -o OUT.ktr\n"
     "       orvane-cli run FILE [--seed N] [--set NAME=VALUE]... [--answer TEXT]... "
     "[--do ACTION]... [--canvas NAME] [--png OUT] [--ops OUT] [--cells FROM:TO] [--cellsdb FROM:TO] "
-    "[--clock YYYYMMDD-hhmmss]";
+    "[--clock YYYYMMDD-hhmmss] [--workbooks DIR] [--variant BUILD:TARVIK]\n"
+    "       orvane-cli report quality|daily|markspeed|overview|integral|rawsamples FILE... [--speed N] "
+    "[--variant BUILD:TARVIK] [--set NAME=VALUE]... [--view N] [--jobs N] -o DIR";
 
 struct Arguments {
     std::string command;
@@ -52,6 +56,10 @@ struct Arguments {
     std::vector<std::string> actions;
     std::optional<std::tm> clock;         // --clock: the station's clock stands there
     std::optional<std::int64_t> from, to; // clip: the two markers
+    std::string workbooks;                // run: the folder of the workbooks handed over
+    std::optional<std::string> variant;   // BUILD:TARVIK
+    std::string speed = "3";              // report: the answer to the speed question
+    int jobs = 1;                         // report: files at once
 };
 
 // FROM:TO as two whole numbers.
@@ -141,6 +149,24 @@ std::optional<std::string> parse(int argc, char** argv, Arguments& a) {
             auto v = next();
             if (!v) return arg + " needs a file";
             (arg == "--png" ? a.png : a.ops) = *v;
+        } else if (arg == "--workbooks") {
+            auto v = next();
+            if (!v || v->empty()) return "--workbooks needs a folder";
+            a.workbooks = *v;
+        } else if (arg == "--variant") {
+            auto v = next();
+            if (!v) return "--variant needs BUILD:TARVIK";
+            a.variant = *v;
+        } else if (arg == "--speed") {
+            auto v = next();
+            if (!v) return "--speed needs a number";
+            a.speed = *v;
+        } else if (arg == "--jobs") {
+            auto v = next();
+            char* end = nullptr;
+            const long n = v ? std::strtol(v->c_str(), &end, 10) : 0;
+            if (!v || v->empty() || *end || n < 1 || n > 64) return "--jobs needs a number from 1 to 64";
+            a.jobs = static_cast<int>(n);
         } else if (arg == "-o") {
             auto v = next();
             if (!v) return "-o needs a file";
@@ -219,6 +245,14 @@ int frame(orvane::Station& st, orvane::ScriptedUi& ui, const Arguments& args) {
     if (auto status = applysets(st, args)) return *status;
     std::string output;
     if (args.command == "run") {
+        std::optional<orvane::cli::FolderWorkbooks> workbooks;
+        if (!args.workbooks.empty()) {
+            std::error_code ec;
+            std::filesystem::create_directories(args.workbooks, ec);
+            if (!std::filesystem::is_directory(args.workbooks))
+                return failed("cannot make the folder " + args.workbooks);
+            st.workbooks = &workbooks.emplace(args.workbooks);
+        }
         if (!nodata) orvane::bofang(st);
         for (const std::string& action : args.actions) {
             try {
@@ -229,7 +263,7 @@ int frame(orvane::Station& st, orvane::ScriptedUi& ui, const Arguments& args) {
                 return failed(e.what());
             }
         }
-        output = orvane::cli::statejson(st, ui.messages, args.ranges);
+        output = orvane::cli::statejson(st, ui, args.ranges, workbooks ? &workbooks->paths : nullptr);
     } else {
         orvane::Side& side = st.zhu;
         side.viewindex = static_cast<std::int32_t>(
@@ -279,14 +313,84 @@ int clip(orvane::Station& st, orvane::ScriptedUi& ui, const Arguments& args) {
     return 0;
 }
 
+// Starts a station as the program starts: the station folder, the language, the customer strings.
+std::optional<std::string> startstation(orvane::Station& st, const Arguments& args) {
+    const char* language = std::getenv("ORVANE_LANGUAGE");
+    try {
+        orvane::entry(st, orvane::stores::stationfolder(),
+                      language && std::string(language) == "english" ? "english" : "china");
+    } catch (const std::exception& e) {
+        return e.what();
+    }
+    const char* fromenvironment = std::getenv("ORVANE_VARIANT");
+    const std::string variant = args.variant ? *args.variant : fromenvironment ? fromenvironment : "";
+    if (!variant.empty() && !orvane::setvariant(st, variant))
+        return "--variant takes BUILD:TARVIK, TARVIK tarvik or feitarvik";
+    return std::nullopt;
+}
+
+// report: each file in a station of its own, loaded as dump loads it, the controls set, the view
+// placed; the workbook made as the report's control makes it.
+int report(const Arguments& args) {
+    orvane::cli::ReportRequest request;
+    request.kind = args.positional[0];
+    request.files.assign(args.positional.begin() + 1, args.positional.end());
+    request.folder = args.output;
+    request.speed = args.speed;
+    request.jobs = args.jobs;
+    auto prepare = [&args](orvane::Station& st, orvane::ScriptedUi& ui,
+                           const std::string& file) -> std::optional<std::string> {
+        auto* clock = dynamic_cast<orvane::SystemClock*>(st.clock);
+        if (args.clock && clock) clock->stand(*args.clock);
+        if (auto failed = startstation(st, args)) return failed;
+        std::error_code ec;
+        if (!std::filesystem::is_regular_file(file, ec)) return "无法读取文件：" + file;
+        orvane::windowload(st, file);
+        if (st.process.ended) return ui.messages.empty() ? file + " cannot be opened" : ui.messages.back();
+        orvane::windowactivate(st);
+        if (st.zhu.samplecount == 0) return std::string(orvane::nodatamessage);
+        for (const auto& [name, value] : args.sets) orvane::setcontrol(st, name, value);
+        orvane::Side& side = st.zhu;
+        side.viewindex = static_cast<std::int32_t>(
+            std::clamp<std::int64_t>(args.view, 600, std::max<std::int64_t>(600, std::ssize(side.viewmap))));
+        orvane::bofang(st);
+        if (args.positional[0] == "rawsamples") {
+            // The A-mode opened as a plain click at the picture's middle opens it.
+            st.amodechannel = " ";
+            st.pointerx = 600;
+            st.clicky = 200;
+            orvane::openamode(st);
+        }
+        return std::nullopt;
+    };
+    return orvane::cli::report(request, prepare);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     Arguments args;
     if (auto error = parse(argc, argv, args)) return badarguments(*error);
     if (args.command != "settings" && args.command != "dump" && args.command != "frame" &&
-        args.command != "run" && args.command != "clip")
+        args.command != "run" && args.command != "clip" && args.command != "report")
         return badarguments("unknown command " + args.command);
+    if (args.command == "report") {
+        static const char* kinds[] = {"quality", "daily", "markspeed", "overview", "integral", "rawsamples"};
+        if (args.positional.size() < 2 || args.output.empty())
+            return badarguments("report takes a kind, files and -o DIR");
+        if (std::find(std::begin(kinds), std::end(kinds), args.positional[0]) == std::end(kinds))
+            return badarguments("unknown report " + args.positional[0]);
+        {
+            // The station folder made once, before the files' stations open it side by side.
+            orvane::Station first;
+            orvane::ScriptedUi ui;
+            orvane::SystemClock clock;
+            first.ui = &ui;
+            first.clock = &clock;
+            if (auto failure = startstation(first, args)) return failed(*failure);
+        }
+        return report(args);
+    }
     if ((args.command == "frame" || args.command == "run") && args.positional.size() != 1)
         return badarguments(args.command + " takes one file");
     if (args.command == "frame" && args.png.empty() == args.ops.empty())
@@ -306,13 +410,7 @@ int main(int argc, char** argv) {
     st.clock = clock.get();
     if (args.clock) clock->stand(*args.clock);
 
-    const char* language = std::getenv("ORVANE_LANGUAGE");
-    try {
-        orvane::entry(st, orvane::stores::stationfolder(),
-                      language && std::string(language) == "english" ? "english" : "china");
-    } catch (const std::exception& e) {
-        return failed(e.what());
-    }
+    if (auto failure = startstation(st, args)) return failed(*failure);
 
     try {
         if (args.command == "frame" || args.command == "run") return frame(st, ui, args);

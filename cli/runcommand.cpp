@@ -5,6 +5,7 @@
 #include "commands.h"
 #include "json.h"
 #include "replay/transport.h"
+#include "station/scriptedui.h"
 #include "station/station.h"
 #include "station/systemclock.h"
 
@@ -159,12 +160,21 @@ void controlsstate(Json& j, const Station& st) {
 
 } // namespace
 
-std::string statejson(Station& st, const std::vector<std::string>& messages, const DumpRanges& ranges) {
+std::string statejson(Station& st, const ScriptedUi& ui, const DumpRanges& ranges,
+                      const std::vector<std::string>* workbooks) {
     Json j;
     j.beginobject();
     j.key("messages").beginarray();
-    for (const auto& m : messages) j.value(m);
+    for (const auto& m : ui.messages) j.value(m);
     j.endarray();
+    j.key("questions").beginarray();
+    for (const auto& q : ui.questions) j.value(q);
+    j.endarray();
+    if (workbooks) {
+        j.key("workbooks").beginarray();
+        for (const auto& path : *workbooks) j.value(path);
+        j.endarray();
+    }
     j.key("state").beginobject();
     sidestate(j, st.zhu, "");
     if (st.form.comparisonvisible) sidestate(j, st.cong, "db");
@@ -221,6 +231,17 @@ std::string statejson(Station& st, const std::vector<std::string>& messages, con
         .key("cliptarget")
         .value(st.cliptarget);
     j.key("Tmc").value(st.form.Tmc);
+    // The analysis index and the reports.
+    j.key("Frame3visible").value(st.form.Frame3visible).key("SSTab1").value(st.form.SSTab1);
+    auto rowpositions = [&j](const char* name, const std::vector<std::int32_t>& list, std::size_t rows) {
+        j.key(name).beginarray();
+        for (std::size_t i = 0; i + 1 < rows && i < list.size(); ++i) j.value(list[i]);
+        j.endarray();
+    };
+    rowpositions("markrowpos", st.markrowpos, st.form.Grid1ts.size());
+    rowpositions("handoverrowpos", st.handoverrowpos, st.form.Grid1ry.size());
+    j.key("overspeedcount").value(st.overspeedcount);
+    j.key("buildvariant").value(st.buildvariant).key("tarvikmode").value(st.tarvikmode);
     j.key("displaymode").value(st.displaymode).key("playside").value(st.playside);
     j.key("scratchpath").value(st.scratchpath).key("filepathdb").value(st.cong.filepath);
     j.key("seekhits").beginarray();

@@ -167,6 +167,16 @@ void entry(Station& st, const std::string& folder, const std::string& language) 
     loadsettings(st);
 }
 
+bool setvariant(Station& st, const std::string& text) {
+    const auto colon = text.find(':');
+    if (colon == std::string::npos || colon == 0) return false;
+    const std::string tarvik = text.substr(colon + 1);
+    if (tarvik != "tarvik" && tarvik != "feitarvik") return false;
+    st.buildvariant = text.substr(0, colon);
+    st.tarvikmode = tarvik;
+    return true;
+}
+
 void windowload(Station& st, const std::string& commandline) {
     st.form.caption.clear();
     st.form.Tmc.clear();

@@ -29,6 +29,10 @@ bool windowunload(Station& st);
 
 // The constants of the picture, set when the window loads: sound speeds, beam factors, angles.
 void pictureconstants(Station& st);
+// The two customer strings from "BUILD:TARVIK" (TARVIK "tarvik" or "feitarvik"); false, and nothing
+// changed, for another text.
+bool setvariant(Station& st, const std::string& text);
+
 // The window caption for the build variant and language.
 std::string captionof(const std::string& buildvariant, const std::string& language);
 

@@ -58,15 +58,37 @@ std::optional<std::string> copyinto(int fd, const std::string& base) {
 
 } // namespace
 
-std::optional<std::string> commitfile(const std::string& target, const std::string& base,
-                                      const std::string& tail) {
+std::string partialof(const std::string& target) {
     const fs::path path(target);
     const fs::path folder = path.has_parent_path() ? path.parent_path() : fs::path(".");
+    return (folder / ("." + path.filename().string() + "." + std::to_string(::getpid()) + partialsuffix))
+        .string();
+}
+
+namespace {
+
+// Makes the rename in FOLDER lasting.
+void syncfolder(const fs::path& folder) {
+    const int dir = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (dir >= 0) {
+        ::fsync(dir);
+        ::close(dir);
+    }
+}
+
+fs::path folderof(const std::string& target) {
+    const fs::path path(target);
+    return path.has_parent_path() ? path.parent_path() : fs::path(".");
+}
+
+} // namespace
+
+std::optional<std::string> commitfile(const std::string& target, const std::string& base,
+                                      const std::string& tail) {
+    const fs::path folder = folderof(target);
     std::error_code ec;
-    if (fs::is_directory(path, ec)) return target + " 是一个文件夹";
-    const std::string partial =
-        (folder / ("." + path.filename().string() + "." + std::to_string(::getpid()) + partialsuffix))
-            .string();
+    if (fs::is_directory(target, ec)) return target + " 是一个文件夹";
+    const std::string partial = partialof(target);
     const int fd = ::open(partial.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
     if (fd < 0) return "无法写入文件夹 " + folder.string() + "：" + reason();
     // An empty reason stands for the error of the last call on the target's side.
@@ -87,12 +109,26 @@ std::optional<std::string> commitfile(const std::string& target, const std::stri
         ::unlink(partial.c_str());
         return failed;
     }
-    // The rename itself made lasting.
-    const int dir = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (dir >= 0) {
-        ::fsync(dir);
-        ::close(dir);
+    syncfolder(folder);
+    return std::nullopt;
+}
+
+std::optional<std::string> commitpartial(const std::string& partial, const std::string& target) {
+    std::error_code ec;
+    std::optional<std::string> failed;
+    if (fs::is_directory(target, ec)) failed = target + " 是一个文件夹";
+    if (!failed) {
+        const int fd = ::open(partial.c_str(), O_RDONLY | O_CLOEXEC);
+        bool done = fd >= 0 && ::fsync(fd) == 0;
+        if (fd >= 0) done = ::close(fd) == 0 && done;
+        if (!done || ::rename(partial.c_str(), target.c_str()) != 0)
+            failed = "无法写入 " + target + "：" + reason();
     }
+    if (failed) {
+        ::unlink(partial.c_str());
+        return failed;
+    }
+    syncfolder(folderof(target));
     return std::nullopt;
 }
 

@@ -15,6 +15,12 @@ inline constexpr const char* partialsuffix = ".orvane-partial";
 std::optional<std::string> commitfile(const std::string& target, const std::string& base,
                                       const std::string& tail);
 
+// The temporary file beside TARGET that a save writes before renaming it into place.
+std::string partialof(const std::string& target);
+// Syncs the finished temporary file PARTIAL and renames it to TARGET. nullopt when done, else the
+// reason, and PARTIAL is gone.
+std::optional<std::string> commitpartial(const std::string& partial, const std::string& target);
+
 // Removes the temporary files in FOLDER that a save of a process no longer running left behind.
 void sweeppartials(const std::string& folder);
 

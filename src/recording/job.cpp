@@ -17,15 +17,18 @@ std::string charof(const std::string& image, std::size_t n) {
     return mid(image, n, 1);
 }
 
-// The name of a code in table TABLE (gzryb: staff, zyqjb: lines), if a row has it.
-// Without the station's databases (a headless measurement) no code has a name.
-std::optional<std::string> lookup(Db* db, const std::string& table, const std::string& column, double code) {
+} // namespace
+
+std::optional<std::string> codename(Db* db, const std::string& table, const std::string& column,
+                                    double code) {
     if (!db) return std::nullopt;
     const std::string n = shortestdouble(code);
     if (db->scalar("select count(*) from " + table + " where val(bh)=val(?)", {n}).number() == 0)
         return std::nullopt;
     return db->scalar("select " + column + " from " + table + " where val(bh)=val(?)", {n}).astext();
 }
+
+namespace {
 
 std::string directiontext(int code, bool english) {
     static const char* const names[] = {"上行", "下行", "站线", "联线", "单线", "其它"};
@@ -149,18 +152,18 @@ void applyjob(Station& st, Side& side, std::int32_t index, bool timecolumn) {
         operatortext += ch == 'O' || ch == ' ' ? '0' : ch;
     }
     const double operatorno = toint16(vbval(operatortext)).value_or(0);
-    setcell(side.Grid2, 1, 1, lookup(st.gpsxdb.get(), "gzryb", "xm", operatorno).value_or(operatortext));
+    setcell(side.Grid2, 1, 1, codename(st.gpsxdb.get(), "gzryb", "xm", operatorno).value_or(operatortext));
 
     setcell(side.Grid2, 1, 2, directiontext(imagebyte(image, 58), english));
     const bool leftrail = imagebyte(image, 59) == 0x4C;
     setcell(side.Grid2, 1, 3, english ? (leftrail ? "left" : "right") : (leftrail ? "左股" : "右股"));
 
     const double linecode = vbval(c(210) + c(212));
-    setcell(side.Grid2, 1, 4, lookup(st.gpsxdb.get(), "zyqjb", "mc", linecode).value_or(""));
+    setcell(side.Grid2, 1, 4, codename(st.gpsxdb.get(), "zyqjb", "mc", linecode).value_or(""));
     setcell(side.Grid2, 1, 5, c(214) + c(216) + c(218));
     setcell(side.Grid2, 1, 6, c(220) + c(222) + c(224));
     const double linename = vbval(c(226) + c(228) + c(230));
-    setcell(side.Grid2, 1, 7, lookup(st.gpsxdb.get(), "zyqjb", "mc", linename).value_or(""));
+    setcell(side.Grid2, 1, 7, codename(st.gpsxdb.get(), "zyqjb", "mc", linename).value_or(""));
 
     if (!side.main) return;
     st.countdirection = imagebyte(image, 63) == 0x49 ? "+" : "-";

@@ -3,12 +3,19 @@
 // entry in Grid1, Grid3 and Label2, the job record in Grid2, and the job summary after a load.
 // Each routine takes the side it fills; the comparison side's twin is the same call with cong.
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace orvane {
 
 struct Station;
 struct Side;
+class Db;
+
+// The name of a code in table TABLE (gzryb: staff, zyqjb: lines), if a row has it: the code is
+// compared by its numeric value, so "007" and "7" are the same code. Without the station's databases
+// (a headless measurement) no code has a name.
+std::optional<std::string> codename(Db* db, const std::string& table, const std::string& column, double code);
 
 // The heads of Grid1, Grid2 and Grid3 of both sides, as the window sets them when it loads.
 void setpanelheads(Station& st);

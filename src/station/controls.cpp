@@ -22,6 +22,11 @@ const Control* ControlTable::find(const std::string& name) const {
     return it == index_.end() ? nullptr : &controls_[it->second];
 }
 
+Control* ControlTable::edit(const std::string& name) {
+    auto it = index_.find(name);
+    return it == index_.end() ? nullptr : &controls_[it->second];
+}
+
 std::string ControlTable::formof(const std::string& name) {
     const auto dot = name.find('.');
     return dot == std::string::npos ? "Form28" : name.substr(0, dot);
@@ -129,6 +134,7 @@ void setcontrol(Station& st, const std::string& name, const std::string& value) 
         return;
     }
     case ControlKind::scrollbar:
+    case ControlKind::tabs:
         return movebar(st, c, wholenumber(c, value));
     case ControlKind::textbox:
         return typetext(st, c, value);

@@ -35,7 +35,8 @@ enum class ControlKind {
     combobox,
     grid,
     canvas,
-    menuentry
+    menuentry,
+    tabs // a tabbed panel: its value is the tab shown
 };
 
 // One act of the mouse on a canvas: KIND "down", "move" or "up", BUTTON "left", "right" or "none",
@@ -93,6 +94,8 @@ class ControlTable {
     void addform(FormEntry form);
 
     const Control* find(const std::string& name) const;
+    // The entry NAME, for a later subsystem that gives a control the act it owns; null when none.
+    Control* edit(const std::string& name);
     const std::vector<Control>& all() const { return controls_; }
     const std::vector<FormEntry>& forms() const { return forms_; }
     // The window of a control name: "Form28" for a bare name.

@@ -1,7 +1,10 @@
 #include "station/numbers.h"
 
+#include <cctype>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
+#include <limits>
 
 namespace orvane {
 
@@ -39,6 +42,29 @@ std::string formatfixed(double v, int intdigits, int decimals) {
     if (intdigits == 0 && text == "0") text.clear();
     if (decimals > 0) text += "." + digits.substr(digits.size() - decimals);
     return (v < 0 && units != 0 ? "-" : "") + text;
+}
+
+std::optional<double> typednumber(const std::string& text) {
+    std::size_t i = text.find_first_not_of(' '), end = text.find_last_not_of(' ');
+    if (i == std::string::npos) return std::nullopt;
+    const std::string t = text.substr(i, end - i + 1);
+    std::size_t k = 0, digits = 0;
+    if (k < t.size() && (t[k] == '+' || t[k] == '-')) ++k;
+    for (; k < t.size() && std::isdigit(static_cast<unsigned char>(t[k])); ++k) ++digits;
+    if (k < t.size() && t[k] == '.')
+        for (++k; k < t.size() && std::isdigit(static_cast<unsigned char>(t[k])); ++k) ++digits;
+    if (digits == 0) return std::nullopt;
+    if (k < t.size() && (t[k] == 'e' || t[k] == 'E')) {
+        ++k;
+        if (k < t.size() && (t[k] == '+' || t[k] == '-')) ++k;
+        std::size_t exponent = 0;
+        for (; k < t.size() && std::isdigit(static_cast<unsigned char>(t[k])); ++k) ++exponent;
+        if (exponent == 0) return std::nullopt;
+    }
+    if (k != t.size()) return std::nullopt;
+    const double v = std::strtod(t.c_str(), nullptr);
+    if (!std::isfinite(v) || std::fabs(v) > std::numeric_limits<float>::max()) return std::nullopt;
+    return v;
 }
 
 } // namespace orvane

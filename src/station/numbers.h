@@ -17,6 +17,10 @@ std::optional<std::int16_t> toint16(double v);
 // station's labels. A value that rounds to zero has no sign.
 std::string formatfixed(double v, int intdigits, int decimals);
 
+// The number that a user typed, when the whole text (blanks around it aside) is one decimal number
+// that fits a 32-bit real: "3", "-1", "2.5", "1e3". nullopt for anything else ("", "abc", "3,5",
+// "1e400").
+std::optional<double> typednumber(const std::string& text);
 // The shortest text that reads back to the same value.
 std::string shortestdouble(double v);
 std::string shortestfloat(float v);

@@ -61,11 +61,13 @@ class Db {
     virtual std::vector<DbRow> rows(const std::string& sql, const std::vector<std::string>& params = {}) = 0;
 };
 
-// A finished workbook handed to the user.
+class Workbook;
+
+// A finished workbook handed to the user; REPORT names the report ("quality", "markspeed", ...).
 class Workbooks {
   public:
     virtual ~Workbooks() = default;
-    virtual void show(const std::string& workbookpath) = 0;
+    virtual void show(const Workbook& book, const std::string& report) = 0;
 };
 
 // One page of the notice, as a picture file of the page.

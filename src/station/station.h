@@ -226,6 +226,18 @@ struct Form28State {
     // The list of the analyst's points under the choice of Combo3 (an entry of f1to8, or "全部").
     Table grid1bz{{"序号", "标注", "里程", "时间"}};
     std::string Combo3 = "全部";
+    // The side panel Frame3 and the tab its SSTab1 shows: 0 过滤, 1 标记点, 2 积分值, 3 交接, 4 设置,
+    // 5 概况, 6 标注.
+    bool Frame3visible = false;
+    int SSTab1 = 0;
+    // The lists of the analysis index: marks, integral values, handovers.
+    Table Grid1ts{{"序号", "标记属性", "里程", "速度"}};
+    Table Grid1jf{{"里程(km)", "A", "B", "C", "D", "E", "F", "G", "H", "I"}};
+    Table Grid1ry{{"执机人", "里程", "时间"}};
+    // The mark filter boxes: 标记0 to 标记4, 道 岔, 公里校对.
+    std::array<bool, 7> Checkts{true, true, true, true, true, true, true};
+    // Counts up whenever a long list is rebuilt, so that a window redraws those lists only then.
+    std::uint64_t listrevision = 0;
 };
 
 // How the process stands: the window may ask to end it; the program then exits with this status.
@@ -312,6 +324,12 @@ struct Station {
     std::int16_t markcode = 0;
     std::vector<std::int32_t> pointlistpos;
     std::vector<std::string> pointlisttext;
+    // The positions of the rows of Grid1ts and Grid1ry (row r at element r - 1); a rebuild overwrites
+    // them in place and leaves their old tails.
+    std::vector<std::int32_t> markrowpos = std::vector<std::int32_t>(10001);
+    std::vector<std::int32_t> handoverrowpos = std::vector<std::int32_t>(10001);
+    // The overspeed count of the last speed report.
+    std::int32_t overspeedcount = 0;
     // Every file the station wrote, in order.
     std::vector<std::string> written;
     std::string markerkind;
@@ -384,6 +402,7 @@ struct Station {
     Canvas* picture9 = nullptr; // the enlargement
     Canvas* picture3 = nullptr; // the A-mode picture
     Clock* clock = nullptr;
+    Workbooks* workbooks = nullptr; // none: a report is made and handed to nobody
 
     // How many processes run this program; the second-instance check asks it.
     std::function<int()> countinstances;
@@ -396,6 +415,8 @@ struct Station {
         std::function<void(Station&, Side&)> bofang;     // a side drawn anew at its view
         std::function<void(Station&)> redrawrail;        // scale and rail anew for a new rail code
         std::function<void(Station&)> zoom;              // the enlarged view anew while it shows
+        // The daily report at the speed standard given, for the configuration that asks for it.
+        std::function<void(Station&, float)> dailyreport;
     } hooks;
 };
 
