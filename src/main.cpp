@@ -29,6 +29,11 @@ int main(int argc, char** argv) {
         QMessageBox::critical(nullptr, "orvane", QString::fromStdString(e.what()));
         return 1;
     }
+    // ORVANE_VARIANT=BUILD:TARVIK fixes the two customer strings.
+    if (const char* variant = std::getenv("ORVANE_VARIANT"); variant && !orvane::setvariant(st, variant)) {
+        QMessageBox::critical(nullptr, "orvane", "ORVANE_VARIANT 应为 BUILD:TARVIK（TARVIK 为 tarvik 或 feitarvik）");
+        return 1;
+    }
 
     // The command line is one path; a path with blanks may come in several pieces.
     std::string commandline;
@@ -37,6 +42,8 @@ int main(int argc, char** argv) {
     if (st.process.ended) return st.process.exitstatus;
 
     orvane::Form28Window window(st, ui);
+    orvane::DesktopWorkbooks workbooks(st, &window);
+    st.workbooks = &workbooks;
     window.show();
     int status = app.exec();
     return st.process.exitstatus ? st.process.exitstatus : status;

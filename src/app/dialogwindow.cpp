@@ -1,8 +1,14 @@
 #include "app/dialogwindow.h"
 
+#include "reports/shelf.h"
+
 #include "render/rastercanvas.h"
 
 #include <QApplication>
+#include <QUrl>
+#include <QPushButton>
+#include <QFileInfo>
+#include <QDesktopServices>
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QInputDialog>
@@ -84,6 +90,24 @@ void DialogUi::progress(long value) {
     if (value % 512 != 0 && value != bar_->maximum()) return;
     bar_->setValue(static_cast<int>(value));
     QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+void DesktopWorkbooks::show(const Workbook& book, const std::string& report) {
+    const Shelved shelved = shelve(st_, book, report);
+    if (shelved.failed) {
+        QMessageBox::warning(parent_, "orvane", "报表未能保存：" + q(*shelved.failed));
+        return;
+    }
+    const QString path = q(shelved.path);
+    QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+    // Not modal: the analyst goes on while the spreadsheet opens.
+    auto* box = new QMessageBox(QMessageBox::Information, "orvane", "报表已保存：\n" + path, QMessageBox::Ok, parent_);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    QPushButton* folder = box->addButton("打开文件夹", QMessageBox::ActionRole);
+    QObject::connect(folder, &QPushButton::clicked, box, [path] {
+        QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(path).absolutePath()));
+    });
+    box->open();
 }
 
 } // namespace orvane

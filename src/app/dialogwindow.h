@@ -9,6 +9,20 @@ class QWidget;
 
 namespace orvane {
 
+struct Station;
+
+// The Workbooks port of the program: a report is kept under the station folder's reports/, opened
+// with the desktop's application for spreadsheets, and its place shown with a way to the folder.
+class DesktopWorkbooks : public Workbooks {
+  public:
+    DesktopWorkbooks(Station& st, QWidget* parent) : st_(st), parent_(parent) {}
+    void show(const Workbook& book, const std::string& report) override;
+
+  private:
+    Station& st_;
+    QWidget* parent_;
+};
+
 class DialogUi : public Ui {
   public:
     void setparent(QWidget* parent) { parent_ = parent; }

@@ -21,6 +21,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QFormLayout>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
@@ -104,7 +105,7 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
     zoom->addWidget(picture9_, 1);
     enlargement_->hide();
     popup_ = named(new QMenu(this), "a13");
-    for (const char* name : {"aqd", "azd", "qcqzd", "axjd", "ax70"})
+    for (const char* name : {"aqd", "azd", "qcqzd", "axjd", "ax70", "asz", "bjdcz"})
         popup_->addAction(caption(name))->setObjectName(name);
     popup_->findChild<QAction*>("ax70")->setCheckable(true);
     popup_->addAction(caption("acc"))->setObjectName("acc");
@@ -172,9 +173,17 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
         t->setMaximumHeight(200);
         panels->addWidget(t);
     }
+    // The job's heading (a click writes the job overview), the speed, and the analysis index.
     auto* summary = new QVBoxLayout();
-    for (const char* name : {"Lzygk", "Lqssj", "Ljssj", "Lgzsj", "Lqslc", "Ljslc", "Ltccd", "Label2_1"})
-        summary->addWidget(named(new QLabel(central), name));
+    auto* heading = named(new QLabel(central), "Lzygk");
+    heading->setToolTip("点击生成作业概况表");
+    heading->setCursor(Qt::PointingHandCursor);
+    summary->addWidget(heading);
+    summary->addWidget(named(new QLabel(central), "Label2_1"));
+    auto* index = named(new QPushButton(caption("Command1"), central), "Command1");
+    index->setToolTip("列出标记点、积分值和交接记录");
+    summary->addWidget(index);
+    summary->addStretch(1);
     panels->addLayout(summary);
     layout->addLayout(panels);
 
@@ -286,15 +295,57 @@ QWidget* Form28Window::sidepanel(QWidget* parent) {
     const char* titles[] = {"过滤", "标记点", "积分值", "交接", "设置", "概况", "标注"};
     for (int i = 0; i < 7; ++i) {
         QWidget* page = i == 0   ? filterpage(frame)
+                        : i == 1 ? markspage(frame)
+                        : i == 2 ? rowlist(frame, "Grid1jf")
+                        : i == 3 ? rowlist(frame, "Grid1ry")
                         : i == 4 ? settings
-                        : i == 6 ? pointspage(frame)
-                                 : new QWidget(frame);
+                        : i == 5 ? overviewpage(frame)
+                                 : pointspage(frame);
         const auto english = st_.form.captions.find("SSTab1." + std::to_string(i));
         frame->addTab(page, english != st_.form.captions.end() ? QString::fromStdString(english->second)
                                                                : QString(titles[i]));
     }
     frame->setFixedWidth(settings->widget()->sizeHint().width() + 24);
     return frame;
+}
+
+// The marks: the list under its filter boxes, the mark overspeed, the search of a switch.
+QWidget* Form28Window::markspage(QWidget* parent) {
+    auto* page = new QWidget(parent);
+    auto* box = new QVBoxLayout(page);
+    auto* boxes = new QGridLayout();
+    for (int i = 0; i < 7; ++i) {
+        const std::string name = "Checkts(" + std::to_string(i) + ")";
+        auto* check = named(new QCheckBox(caption(name.c_str()), page), name.c_str());
+        check->setToolTip("只列出勾选的标记");
+        boxes->addWidget(check, i / 4, i % 4);
+    }
+    box->addLayout(boxes);
+    auto* tools = new QHBoxLayout();
+    auto* overspeed = named(new QPushButton(caption("Command19"), page), "Command19");
+    overspeed->setToolTip("标记点中超出标准速度的列表");
+    tools->addWidget(overspeed);
+    tools->addWidget(new QLabel("道岔号", page));
+    auto* turnout = named(new QLineEdit(page), "Text3");
+    turnout->setToolTip("输入道岔号后回车，跳到该道岔");
+    tools->addWidget(turnout, 1);
+    box->addLayout(tools);
+    box->addWidget(rowlist(page, "Grid1ts"), 1);
+    return page;
+}
+
+// The job overview: each value of the job summary under its name, and the quality summary.
+QWidget* Form28Window::overviewpage(QWidget* parent) {
+    auto* page = new QWidget(parent);
+    auto* form = new QFormLayout(page);
+    const std::pair<const char*, const char*> rows[] = {
+        {"作业日期", "Lzyrq"}, {"机号", "Ljqbh"},    {"上道时间", "Lqssj"}, {"下道时间", "Ljssj"},
+        {"作业用时", "Lgzsj"}, {"起始里程", "Lqslc"}, {"结束里程", "Ljslc"}, {"工作里程", "Ltccd"}};
+    for (const auto& [title, name] : rows) form->addRow(title, named(new QLabel(page), name));
+    auto* quality = named(new QPushButton(caption("Command24"), page), "Command24");
+    quality->setToolTip("作业质量汇总表，含超速详情");
+    form->addRow(quality);
+    return page;
 }
 
 // The analyst's name and points: the choice of the entry, the list, a click goes to a point.

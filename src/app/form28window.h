@@ -63,6 +63,8 @@ class Form28Window : public QMainWindow {
     QWidget* sidepanel(QWidget* parent);
     QWidget* filterpage(QWidget* parent);
     QWidget* pointspage(QWidget* parent);
+    QWidget* markspage(QWidget* parent);
+    QWidget* overviewpage(QWidget* parent);
     QWidget* comparisonhalf(QWidget* parent);
     PictureView* sidepicture(QWidget* parent, bool main);
     void placereadout(PictureView& view, const Side& side);

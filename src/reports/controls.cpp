@@ -18,6 +18,7 @@ Control list(const std::string& name, Table Form28State::*cells, void (*go)(Stat
     Control c = control(name, ControlKind::grid);
     c.cells = [cells](const Station& st) { return st.form.*cells; };
     c.row = [go](Station& st, int row) { go(st, row); };
+    c.revision = [](const Station& st) { return st.form.listrevision; };
     return c;
 }
 

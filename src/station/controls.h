@@ -3,6 +3,7 @@
 // window, under its name, with its handlers and what it shows. Each subsystem registers the controls
 // it owns; the windows bind their widgets to the entries by object name, and the headless front
 // reaches the same entries. So a control exists for both or for neither.
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <stdexcept>
@@ -71,6 +72,8 @@ struct Control {
     std::function<bool(const Station&)> enabled;
     std::function<bool(const Station&)> visible;
     std::function<std::vector<std::vector<std::string>>(const Station&)> cells; // a grid, heads first
+    // Of a long list: a number that changes whenever its cells do, so a window redraws it only then.
+    std::function<std::uint64_t(const Station&)> revision;
     // The range of a scroll bar; maximum(st) where it follows the recording.
     int min = 0, max = 0;
     std::function<int(const Station&)> maximum;

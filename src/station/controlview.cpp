@@ -12,6 +12,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QTabWidget>
 #include <QTableWidget>
 
 namespace orvane {
@@ -58,10 +59,17 @@ void ControlView::bind(QObject* object, const Control& c) {
         connect(combo, &QComboBox::textActivated, this, [this, name](const QString& text) {
             act_([this, name, text] { select(st_, name, text.toStdString()); });
         });
+    } else if (auto* tabs = qobject_cast<QTabWidget*>(object)) {
+        connect(tabs, &QTabWidget::currentChanged, this, [this, name](int index) {
+            if (!refreshing_) act_([this, name, index] { scroll(st_, name, index); });
+        });
     } else if (auto* table = qobject_cast<QTableWidget*>(object)) {
         if (c.row)
             connect(table, &QTableWidget::cellClicked, this,
                     [this, name](int row, int) { act_([this, name, row] { clickrow(st_, name, row); }); });
+        if (c.dblclick)
+            connect(table, &QTableWidget::cellDoubleClicked, this,
+                    [this, name](int row, int) { act_([this, name, row] { dblclick(st_, name, row); }); });
     }
     // Labels take clicks, and any widget may have a rule for taking the focus.
     if (qobject_cast<QLabel*>(object) || c.focus || c.blur) object->installEventFilter(this);
@@ -91,11 +99,11 @@ bool ControlView::eventFilter(QObject* watched, QEvent* event) {
 
 void ControlView::refresh() {
     refreshing_ = true;
-    for (const Binding& b : bindings_) show(b);
+    for (Binding& b : bindings_) show(b);
     refreshing_ = false;
 }
 
-void ControlView::show(const Binding& b) {
+void ControlView::show(Binding& b) {
     const Control* c = st_.controls.find(b.name);
     if (!c) return;
     const QString caption = QString::fromStdString(controlcaption(st_, *c));
@@ -133,8 +141,18 @@ void ControlView::show(const Binding& b) {
             const QSignalBlocker quiet(combo);
             combo->setCurrentText(text);
         }
+    } else if (auto* tabs = qobject_cast<QTabWidget*>(widget)) {
+        if (c->value && tabs->currentIndex() != c->value(st_)) {
+            const QSignalBlocker quiet(tabs);
+            tabs->setCurrentIndex(c->value(st_));
+        }
     } else if (auto* table = qobject_cast<QTableWidget*>(widget)) {
         if (!c->cells) return;
+        if (c->revision) {
+            const std::uint64_t now = c->revision(st_);
+            if (now == b.shownrevision) return;
+            b.shownrevision = now;
+        }
         const auto cells = c->cells(st_);
         table->setRowCount(static_cast<int>(cells.size()));
         table->setColumnCount(cells.empty() ? 0 : static_cast<int>(cells[0].size()));

@@ -5,6 +5,7 @@
 #include <QObject>
 
 #include <functional>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -35,9 +36,10 @@ class ControlView : public QObject {
     struct Binding {
         QObject* object;
         std::string name;
+        std::uint64_t shownrevision = ~std::uint64_t{0}; // of a long list: the cells it shows
     };
     void bind(QObject* object, const Control& c);
-    void show(const Binding& b);
+    void show(Binding& b);
     const Control* controlof(QObject* object) const;
 
     Station& st_;

@@ -347,6 +347,9 @@ TEST_F(CliDump, EveryControlOfTheTableCanBeReachedHeadless) {
         switch (c.kind) {
         case orvane::ControlKind::checkbox:
         case orvane::ControlKind::option:
+            actions += " --do 'set:" + n + ":1'";
+            break;
+        case orvane::ControlKind::tabs:
             actions += " --do set:" + n + ":1";
             break;
         case orvane::ControlKind::scrollbar:
