@@ -31,7 +31,8 @@ int main(int argc, char** argv) {
     }
     // ORVANE_VARIANT=BUILD:TARVIK fixes the two customer strings.
     if (const char* variant = std::getenv("ORVANE_VARIANT"); variant && !orvane::setvariant(st, variant)) {
-        QMessageBox::critical(nullptr, "orvane", "ORVANE_VARIANT 应为 BUILD:TARVIK（TARVIK 为 tarvik 或 feitarvik）");
+        QMessageBox::critical(nullptr, "orvane",
+                              "ORVANE_VARIANT 应为 BUILD:TARVIK（TARVIK 为 tarvik 或 feitarvik）");
         return 1;
     }
 

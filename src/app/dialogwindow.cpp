@@ -5,15 +5,15 @@
 #include "render/rastercanvas.h"
 
 #include <QApplication>
-#include <QUrl>
-#include <QPushButton>
-#include <QFileInfo>
-#include <QDesktopServices>
 #include <QColorDialog>
+#include <QDesktopServices>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QProgressBar>
+#include <QPushButton>
+#include <QUrl>
 
 namespace orvane {
 
@@ -101,7 +101,8 @@ void DesktopWorkbooks::show(const Workbook& book, const std::string& report) {
     const QString path = q(shelved.path);
     QDesktopServices::openUrl(QUrl::fromLocalFile(path));
     // Not modal: the analyst goes on while the spreadsheet opens.
-    auto* box = new QMessageBox(QMessageBox::Information, "orvane", "报表已保存：\n" + path, QMessageBox::Ok, parent_);
+    auto* box = new QMessageBox(QMessageBox::Information, "orvane", "报表已保存：\n" + path, QMessageBox::Ok,
+                                parent_);
     box->setAttribute(Qt::WA_DeleteOnClose);
     QPushButton* folder = box->addButton("打开文件夹", QMessageBox::ActionRole);
     QObject::connect(folder, &QPushButton::clicked, box, [path] {

@@ -16,12 +16,12 @@
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QFormLayout>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
@@ -339,7 +339,7 @@ QWidget* Form28Window::overviewpage(QWidget* parent) {
     auto* page = new QWidget(parent);
     auto* form = new QFormLayout(page);
     const std::pair<const char*, const char*> rows[] = {
-        {"作业日期", "Lzyrq"}, {"机号", "Ljqbh"},    {"上道时间", "Lqssj"}, {"下道时间", "Ljssj"},
+        {"作业日期", "Lzyrq"}, {"机号", "Ljqbh"},     {"上道时间", "Lqssj"}, {"下道时间", "Ljssj"},
         {"作业用时", "Lgzsj"}, {"起始里程", "Lqslc"}, {"结束里程", "Ljslc"}, {"工作里程", "Ltccd"}};
     for (const auto& [title, name] : rows) form->addRow(title, named(new QLabel(page), name));
     auto* quality = named(new QPushButton(caption("Command24"), page), "Command24");

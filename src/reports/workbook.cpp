@@ -1,6 +1,7 @@
 #include "reports/workbook.h"
 
 #include <stdexcept>
+#include <utility>
 
 namespace orvane {
 
@@ -76,8 +77,15 @@ bool onecell(const std::string& text, std::pair<int, int>& cell) {
 
 bool rangecells(const std::string& range, std::pair<int, int>& first, std::pair<int, int>& last) {
     const std::size_t colon = range.find(':');
-    if (colon == std::string::npos) return onecell(range, first) && onecell(range, last);
-    return onecell(range.substr(0, colon), first) && onecell(range.substr(colon + 1), last);
+    const bool good = colon == std::string::npos
+                          ? onecell(range, first) && onecell(range, last)
+                          : onecell(range.substr(0, colon), first) && onecell(range.substr(colon + 1), last);
+    // The spreadsheet reads a range given from either corner as the same cells.
+    if (good) {
+        if (first.first > last.first) std::swap(first.first, last.first);
+        if (first.second > last.second) std::swap(first.second, last.second);
+    }
+    return good;
 }
 
 } // namespace orvane

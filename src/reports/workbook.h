@@ -56,7 +56,8 @@ class Workbook {
 std::string columnletters(int column);
 // A cell's name: (2, 1) "A2".
 std::string cellname(int row, int column);
-// The cells of a range "A2:H9" (or one cell "B3") as first and last (row, column); false for a bad text.
+// The cells of a range "A2:H9" (or one cell "B3") as its top left and bottom right (row, column),
+// whichever corners it names; false for a bad text.
 bool rangecells(const std::string& range, std::pair<int, int>& first, std::pair<int, int>& last);
 
 } // namespace orvane

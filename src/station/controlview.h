@@ -4,8 +4,8 @@
 // window thus holds no rule of its own; it only lays out widgets named as the controls are.
 #include <QObject>
 
-#include <functional>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
