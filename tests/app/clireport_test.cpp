@@ -52,8 +52,8 @@ TEST_F(CliReport, OneWorkbookPerGoodFileAndEachBadFileReported) {
     fs::create_directory(temp.path() / "folder.ktr");
     { std::ofstream(temp.file("noise.ktr")) << std::string(3000, '\x5a'); }
     const std::string out = temp.file("out");
-    const Run r = cli("report quality " + a + " " + temp.file("folder.ktr") + " " + b + " " + temp.file("missing.ktr") +
-                      " " + temp.file("noise.ktr") + " --jobs 2 -o " + out);
+    const Run r = cli("report quality " + a + " " + temp.file("folder.ktr") + " " + b + " " +
+                      temp.file("missing.ktr") + " " + temp.file("noise.ktr") + " --jobs 2 -o " + out);
     EXPECT_EQ(r.status, 1);
     const QJsonArray reports = r.out["reports"].toArray();
     ASSERT_EQ(reports.size(), 2);
@@ -97,7 +97,8 @@ TEST_F(CliReport, TheVariantChoosesTheLayout) {
 TEST_F(CliReport, RunWritesTheWorkbooksHandedOverInOrder) {
     const std::string a = recording("a.ktr", 2);
     const std::string dir = temp.file("books");
-    const Run r = cli("run " + a + " --workbooks " + dir + " --answer 2 --do press:Command19 --do press:Lzygk");
+    const Run r =
+        cli("run " + a + " --workbooks " + dir + " --answer 2 --do press:Command19 --do press:Lzygk");
     ASSERT_EQ(r.status, 0) << r.err;
     const QJsonArray books = r.out["workbooks"].toArray();
     ASSERT_EQ(books.size(), 2);

@@ -1,0 +1,103 @@
+// The analysis index and the reports on the large synthetic recording, each with its .xlsx file
+// written, and the quality summary of a supervisor's folder of 20 small recordings.
+#include "app/startup.h"
+#include "generator.h"
+#include "reports/index.h"
+#include "reports/markspeed.h"
+#include "reports/quality.h"
+#include "reports/workbook.h"
+#include "reports/xlsx.h"
+#include "station/recordingcanvas.h"
+#include "station/scriptedui.h"
+#include "station/station.h"
+#include "station/systemclock.h"
+
+#include <benchmark/benchmark.h>
+#include <filesystem>
+#include <memory>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path folder = fs::temp_directory_path() / "orvane-bench-report";
+
+// A station loaded as the window's first activation loads it.
+struct Loaded {
+    orvane::ScriptedUi ui;
+    orvane::SystemClock clock{1};
+    orvane::RecordingCanvas picture1;
+    orvane::Station st;
+    explicit Loaded(const std::string& path) {
+        st.ui = &ui;
+        st.clock = &clock;
+        st.picture1 = &picture1;
+        orvane::entry(st, (folder / "station").string(), "china");
+        orvane::windowload(st, path);
+        orvane::windowactivate(st);
+    }
+};
+
+Loaded& large() {
+    static std::unique_ptr<Loaded> l = [] {
+        fs::create_directories(folder);
+        const std::string path = (folder / "20261122_large.ktr").string();
+        ktrgen::writefile(path, ktrgen::generate(ktrgen::preset("large"), 1));
+        return std::make_unique<Loaded>(path);
+    }();
+    return *l;
+}
+
+void IndexLoad(benchmark::State& state) {
+    Loaded& l = large();
+    for (auto _ : state) orvane::indexload(l.st);
+    state.counters["marks"] = l.st.zhu.markcount;
+    state.counters["gps"] = l.st.zhu.gpscount;
+    state.counters["samples"] = l.st.zhu.samplecount;
+}
+BENCHMARK(IndexLoad)->Unit(benchmark::kMillisecond);
+
+void QualitySummaryWithXlsx(benchmark::State& state) {
+    Loaded& l = large();
+    const std::string path = (folder / "quality.xlsx").string();
+    for (auto _ : state) {
+        const orvane::Workbook book = orvane::windowlayout(l.st, 2.5f);
+        if (orvane::savexlsx(book, path)) state.SkipWithError("not written");
+    }
+    state.counters["overspeed"] = orvane::overspeedcount(l.st, 2.5f);
+}
+BENCHMARK(QualitySummaryWithXlsx)->Unit(benchmark::kMillisecond);
+
+void MarkOverspeedWithXlsx(benchmark::State& state) {
+    Loaded& l = large();
+    orvane::indexload(l.st);
+    const std::string path = (folder / "markspeed.xlsx").string();
+    for (auto _ : state) {
+        const orvane::Workbook book = orvane::markspeedbook(l.st, 2.5f);
+        if (orvane::savexlsx(book, path)) state.SkipWithError("not written");
+    }
+}
+BENCHMARK(MarkOverspeedWithXlsx)->Unit(benchmark::kMillisecond);
+
+// Each file loaded into a station of its own, its summary made and written, as report quality does.
+void ReportQualityTwentySmall(benchmark::State& state) {
+    std::vector<std::string> files;
+    fs::create_directories(folder);
+    for (std::uint32_t seed = 1; seed <= 20; ++seed) {
+        files.push_back((folder / ("small" + std::to_string(seed) + ".ktr")).string());
+        if (!fs::exists(files.back()))
+            ktrgen::writefile(files.back(), ktrgen::generate(ktrgen::preset("small"), seed));
+    }
+    for (auto _ : state) {
+        for (const std::string& file : files) {
+            Loaded l(file);
+            const orvane::Workbook book = orvane::windowlayout(l.st, 3.0f);
+            if (orvane::savexlsx(book, file + ".xlsx")) state.SkipWithError("not written");
+        }
+    }
+}
+BENCHMARK(ReportQualityTwentySmall)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+BENCHMARK_MAIN();
