@@ -60,6 +60,17 @@ QTableWidget* rowlist(QWidget* parent, const char* name) {
     list->setToolTip("点击一行跳到该处");
     return list;
 }
+// A tab that holds one list. The list sits in a page of its own: the binder shows and hides the
+// list by its state, and the tab control shows and hides its pages.
+QWidget* listpage(QWidget* parent, const char* name, const char* tip) {
+    auto* page = new QWidget(parent);
+    auto* box = new QVBoxLayout(page);
+    box->setContentsMargins(0, 0, 0, 0);
+    QTableWidget* list = rowlist(page, name);
+    list->setToolTip(tip);
+    box->addWidget(list);
+    return page;
+}
 } // namespace
 
 // The caption a control is built with, so that the layout gives it room from the start.
@@ -296,8 +307,8 @@ QWidget* Form28Window::sidepanel(QWidget* parent) {
     for (int i = 0; i < 7; ++i) {
         QWidget* page = i == 0   ? filterpage(frame)
                         : i == 1 ? markspage(frame)
-                        : i == 2 ? rowlist(frame, "Grid1jf")
-                        : i == 3 ? rowlist(frame, "Grid1ry")
+                        : i == 2 ? listpage(frame, "Grid1jf", "点击一行跳到该处，双击导出积分值表")
+                        : i == 3 ? listpage(frame, "Grid1ry", "点击一行跳到该处")
                         : i == 4 ? settings
                         : i == 5 ? overviewpage(frame)
                                  : pointspage(frame);
@@ -325,8 +336,8 @@ QWidget* Form28Window::markspage(QWidget* parent) {
     auto* overspeed = named(new QPushButton(caption("Command19"), page), "Command19");
     overspeed->setToolTip("标记点中超出标准速度的列表");
     tools->addWidget(overspeed);
-    tools->addWidget(new QLabel("道岔号", page));
     auto* turnout = named(new QLineEdit(page), "Text3");
+    turnout->setPlaceholderText("道岔号");
     turnout->setToolTip("输入道岔号后回车，跳到该道岔");
     tools->addWidget(turnout, 1);
     box->addLayout(tools);

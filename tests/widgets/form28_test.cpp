@@ -158,6 +158,30 @@ TEST_F(Form28Replay, CheckBoxHidesItsChannelAndPanelsShowTheRecords) {
     EXPECT_EQ(control<QLabel>("Lzygk")->text().toStdString(), "日期:26.11.22  机号:51207");
 }
 
+TEST_F(Form28Replay, TheIndexButtonFillsTheListsAndTheTabsFollowTheMenuEntries) {
+    control<QPushButton>("Command1")->click();
+    auto* marks = control<QTableWidget>("Grid1ts");
+    ASSERT_NE(marks, nullptr);
+    EXPECT_EQ(marks->rowCount(), 12); // the heads and the eleven marks of the small recording
+    EXPECT_EQ(marks->item(2, 1)->text().toStdString(), "标记0");
+    EXPECT_EQ(control<QTableWidget>("Grid1jf")->rowCount(), st.zhu.gpscount + 1);
+    EXPECT_EQ(control<QTableWidget>("Grid1ry")->item(1, 0)->text().toStdString(), "执机：张伟");
+    auto* tabs = control<QTabWidget>("SSTab1");
+    EXPECT_EQ(tabs->currentIndex(), 0);
+    window->findChild<QAction*>("bjdcz")->trigger();
+    EXPECT_EQ(tabs->currentIndex(), 1);
+    tabs->setCurrentIndex(3);
+    EXPECT_EQ(st.form.SSTab1, 3);
+    // A box of the mark filter lists the marks again.
+    control<QCheckBox>("Checkts(0)")->click();
+    EXPECT_EQ(marks->rowCount(), 11);
+    // A click on a row goes to the mark, 300 positions before it.
+    marks->cellClicked(3, 0);
+    const std::int32_t there = st.zhu.viewindex;
+    gotoposition(st, st.markrowpos[2] - 300);
+    EXPECT_EQ(st.zhu.viewindex, there);
+}
+
 TEST_F(Form28Replay, EnterInTheKilometreBoxSeeks) {
     auto* text1 = control<QLineEdit>("Text1");
     text1->setText("12.35");
