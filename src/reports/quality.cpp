@@ -36,31 +36,35 @@ std::string team(const Station& st, const std::string& instrument) {
     return st.yqhbzdb->scalar("select bz from yqhbz where yqh=?", {instrument}).astext();
 }
 
+// The 21 heads of the job's fields with their values, in the order of the window layout's columns.
+std::vector<std::pair<const char*, std::string>> jobcolumns(const JobFields& f, const std::string& count) {
+    return {{"工区班组", f.team},
+            {"作业日期", f.date},
+            {"仪器编号", f.instrument},
+            {"执机人", f.operators},
+            {"作业线别", f.line},
+            {"行别", f.direction},
+            {"股别", f.railside},
+            {"轨型", f.railtype},
+            {"作业区间", ""},
+            {"作业到发线或其它站专线位置", ""},
+            {"起始里程", f.startmileage},
+            {"结束里程", f.endmileage},
+            {"上道时间", f.starttime},
+            {"下道时间", f.endtime},
+            {"工作里程", f.length},
+            {"作业用时", f.workingtime},
+            {"平均速度", f.meanspeed},
+            {"反射", f.reflection},
+            {"穿透", f.penetration},
+            {"失检", f.loss},
+            {"超速次数", count}};
+}
+
 // Rows 2 and 3 of the window layout, columns 1 to 21.
 void jobrows(Sheet& s, const JobFields& f, const std::string& count) {
-    const std::pair<const char*, std::string> columns[] = {{"工区班组", f.team},
-                                                           {"作业日期", f.date},
-                                                           {"仪器编号", f.instrument},
-                                                           {"执机人", f.operators},
-                                                           {"作业线别", f.line},
-                                                           {"行别", f.direction},
-                                                           {"股别", f.railside},
-                                                           {"轨型", f.railtype},
-                                                           {"作业区间", ""},
-                                                           {"作业到发线或其它站专线位置", ""},
-                                                           {"起始里程", f.startmileage},
-                                                           {"结束里程", f.endmileage},
-                                                           {"上道时间", f.starttime},
-                                                           {"下道时间", f.endtime},
-                                                           {"工作里程", f.length},
-                                                           {"作业用时", f.workingtime},
-                                                           {"平均速度", f.meanspeed},
-                                                           {"反射", f.reflection},
-                                                           {"穿透", f.penetration},
-                                                           {"失检", f.loss},
-                                                           {"超速次数", count}};
     int c = 1;
-    for (const auto& [head, value] : columns) {
+    for (const auto& [head, value] : jobcolumns(f, count)) {
         s.write(2, c, head);
         s.write(3, c, value);
         ++c;
@@ -218,33 +222,11 @@ Workbook windowlayout(const Station& st, float standard) {
 Workbook samplelayout(const Station& st, float standard) {
     const Side& z = st.zhu;
     const std::int32_t count = overspeedcount(st, standard);
-    const JobFields f = jobfields(st);
     Workbook book;
     Sheet& s = book.sheet(1);
     s.rowfont(1, 20);
     s.write(1, 1, title(false));
-    const std::vector<std::pair<const char*, std::string>> fields = {
-        {"工区班组", f.team},
-        {"作业日期", f.date},
-        {"仪器编号", f.instrument},
-        {"执机人", f.operators},
-        {"作业线别", f.line},
-        {"行别", f.direction},
-        {"股别", f.railside},
-        {"轨型", f.railtype},
-        {"作业区间", ""},
-        {"作业到发线或其它站专线位置", ""},
-        {"起始里程", f.startmileage},
-        {"结束里程", f.endmileage},
-        {"上道时间", f.starttime},
-        {"下道时间", f.endtime},
-        {"工作里程", f.length},
-        {"作业用时", f.workingtime},
-        {"平均速度", f.meanspeed},
-        {"反射", f.reflection},
-        {"穿透", f.penetration},
-        {"失检", f.loss},
-        {"超速次数", "'" + std::to_string(count)}};
+    const auto fields = jobcolumns(jobfields(st), "'" + std::to_string(count));
     // Nine columns a pair of rows: heads in rows 2, 4, 6 and values below them.
     for (std::size_t i = 0; i < fields.size(); ++i) {
         const int row = 2 + 2 * static_cast<int>(i / 9), column = 1 + static_cast<int>(i % 9);
