@@ -101,6 +101,10 @@ std::int32_t jobinforce(const Side& side, std::int32_t p) {
     return j;
 }
 
+std::string operatorat(const Station& st, std::int32_t p) {
+    return operatorname(st, operatortext(element(st.zhu.jobrec, jobinforce(st.zhu, p))));
+}
+
 void indexload(Station& st) {
     Side& z = st.zhu;
     st.form.Frame3visible = true;

@@ -39,6 +39,8 @@ std::string operatorname(const Station& st, const std::string& number);
 // The job record in force at position P on the main side: the first j with P between jobpos[j]
 // and jobpos[j + 1]; jobcount when none is.
 std::int32_t jobinforce(const Side& side, std::int32_t p);
+// The name of the operator of the job record in force at P on the main side.
+std::string operatorat(const Station& st, std::int32_t p);
 
 // Rebuilds the three lists and the row positions, shows the panel on its first tab.
 void indexload(Station& st);

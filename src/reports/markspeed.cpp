@@ -13,11 +13,6 @@ namespace orvane {
 
 namespace {
 
-// The name of the operator of the job record in force at P.
-std::string operatorat(const Station& st, std::int32_t p) {
-    return operatorname(st, operatortext(element(st.zhu.jobrec, jobinforce(st.zhu, p))));
-}
-
 void alarmsheet(const Station& st, Sheet& s) {
     const Side& z = st.zhu;
     s.name = "报警开关状态一览表";
@@ -70,8 +65,9 @@ std::vector<OperatorMarks> marksabove(const Station& st, float standard) {
     return list;
 }
 
-Workbook markspeedbook(const Station& st, float standard) {
-    const std::vector<OperatorMarks> list = marksabove(st, standard);
+namespace {
+
+Workbook bookof(const Station& st, const std::vector<OperatorMarks>& list) {
     Workbook book;
     Sheet& s = book.sheet(1);
     s.columnwidth("A", 150);
@@ -86,14 +82,20 @@ Workbook markspeedbook(const Station& st, float standard) {
     return book;
 }
 
+} // namespace
+
+Workbook markspeedbook(const Station& st, float standard) {
+    return bookof(st, marksabove(st, standard));
+}
+
 void markoverspeed(Station& st) {
     const auto standard = askspeedstandard(st, "标准输入", "请输入速度标准值（单位为：公里/小时）");
     if (!standard) return;
     if (st.form.Grid1jf.size() < 5) indexload(st);
-    const Workbook book = markspeedbook(st, *standard);
+    const std::vector<OperatorMarks> list = marksabove(st, *standard);
     st.overspeedcount = 0;
-    for (const OperatorMarks& o : marksabove(st, *standard)) st.overspeedcount += o.count;
-    handover(st, book, "markspeed");
+    for (const OperatorMarks& o : list) st.overspeedcount += o.count;
+    handover(st, bookof(st, list), "markspeed");
 }
 
 void integralexport(Station& st) {

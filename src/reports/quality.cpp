@@ -80,10 +80,13 @@ std::string lastparam(const Station& st) {
     return element(st.zhu.paramrec, st.zhu.paramcount - 1);
 }
 
-// Row 6 (or 12) of the details: the eight heads.
-void detailheads(Sheet& s, int row) {
+// The heading of the overspeed places at ROW and their eight heads below it; the first row of the
+// places.
+int detailblock(Sheet& s, int row) {
+    s.write(row, 1, "超速详情");
     const char* heads[] = {"线别", "行别", "班组", "日期", "时间", "里程", "执机人", "速度"};
-    for (int c = 0; c < 8; ++c) s.write(row, c + 1, heads[c]);
+    for (int c = 0; c < 8; ++c) s.write(row + 1, c + 1, heads[c]);
+    return row + 2;
 }
 
 // Columns 1 to 4 of a detail row: the copies of cells (3,6), (3,7), (3,1), (3,2), which hold
@@ -95,9 +98,15 @@ void detailcopies(Sheet& s, int row) {
     s.write(row, 4, s.read(3, 2));
 }
 
-std::string title(bool window) {
-    return window ? "                钢  轨  探  伤  作  业  质  量  汇  总                "
-                  : "    钢  轨  探  伤  作  业  质  量  汇  总                ";
+// The first sheet of BOOK with the title of the summary in row 1 (font size 20): centred by blanks
+// over the 30 columns of the window layout, or over the nine of the sample layout.
+Sheet& titled(Workbook& book, bool window) {
+    Sheet& s = book.sheet(1);
+    s.rowfont(1, 20);
+    s.write(1, 1,
+            window ? "                钢  轨  探  伤  作  业  质  量  汇  总                "
+                   : "    钢  轨  探  伤  作  业  质  量  汇  总                ");
+    return s;
 }
 
 } // namespace
@@ -190,18 +199,14 @@ Workbook windowlayout(const Station& st, float standard) {
     const Side& z = st.zhu;
     const std::int32_t count = overspeedcount(st, standard);
     Workbook book;
-    Sheet& s = book.sheet(1);
-    s.rowfont(1, 20);
-    s.write(1, 1, title(true));
+    Sheet& s = titled(book, true);
     jobrows(s, jobfields(st), "'" + std::to_string(count));
     for (int c = 0; c < 9; ++c) {
         s.write(2, 22 + c, channelhead(c));
         s.write(3, 22 + c, sensitivityof(lastparam(st), c));
     }
     if (count > 0) {
-        s.write(5, 1, "超速详情");
-        detailheads(s, 6);
-        int row = 7;
+        int row = detailblock(s, 5);
         for (const SpeedWindow& w : windowoverspeed(z, standard)) {
             detailcopies(s, row);
             // The time takes the middle cut down, the mileage the middle rounded to even.
@@ -209,9 +214,7 @@ Workbook windowlayout(const Station& st, float standard) {
             const auto middle = static_cast<std::int32_t>(roundeven((w.end - w.start) / 2.0 + w.start));
             s.write(row, 5, sampletime(element(z.sampleclock, half)));
             s.write(row, 6, formatfixed(z.mileageat(element(z.samplepos, middle)), 4, 3) + "±5米");
-            s.write(row, 7,
-                    operatorname(
-                        st, operatortext(element(z.jobrec, jobinforce(z, element(z.samplepos, w.start))))));
+            s.write(row, 7, operatorat(st, element(z.samplepos, w.start)));
             s.write(row, 8, formatfixed(w.average, 1, 2));
             ++row;
         }
@@ -223,9 +226,7 @@ Workbook samplelayout(const Station& st, float standard) {
     const Side& z = st.zhu;
     const std::int32_t count = overspeedcount(st, standard);
     Workbook book;
-    Sheet& s = book.sheet(1);
-    s.rowfont(1, 20);
-    s.write(1, 1, title(false));
+    Sheet& s = titled(book, false);
     const auto fields = jobcolumns(jobfields(st), "'" + std::to_string(count));
     // Nine columns a pair of rows: heads in rows 2, 4, 6 and values below them.
     for (std::size_t i = 0; i < fields.size(); ++i) {
@@ -238,16 +239,12 @@ Workbook samplelayout(const Station& st, float standard) {
         s.write(9, 1 + c, sensitivityof(lastparam(st), c));
     }
     if (count > 0) {
-        s.write(11, 1, "超速详情");
-        detailheads(s, 12);
-        int row = 13;
+        int row = detailblock(s, 11);
         for (std::int32_t i : sampleoverspeed(z, standard)) {
             detailcopies(s, row);
             s.write(row, 5, sampletime(element(z.sampleclock, i)));
             s.write(row, 6, formatfixed(z.mileageat(element(z.samplepos, i)), 4, 3));
-            s.write(
-                row, 7,
-                operatorname(st, operatortext(element(z.jobrec, jobinforce(z, element(z.samplepos, i))))));
+            s.write(row, 7, operatorat(st, element(z.samplepos, i)));
             s.write(row, 8, formatfixed(element(z.samplespeed, i), 1, 2));
             ++row;
         }
@@ -258,9 +255,7 @@ Workbook samplelayout(const Station& st, float standard) {
 Workbook joboverview(const Station& st) {
     const Side& z = st.zhu;
     Workbook book;
-    Sheet& s = book.sheet(1);
-    s.rowfont(1, 20);
-    s.write(1, 1, title(true));
+    Sheet& s = titled(book, true);
     jobrows(s, jobfields(st), "'0");
     // The panels of the replay display cell by cell; the third block counts the rows of Grid3 but
     // copies the cells of Grid2.

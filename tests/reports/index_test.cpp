@@ -208,9 +208,8 @@ TEST_F(IndexTest, RowPositionsAreOverwrittenInPlaceAndTheirOldTailStays) {
     EXPECT_EQ(st.markrowpos[2], 3000);
 }
 
-TEST_F(IndexTest, IndexOpensThePanelOnItsFirstTabAndTheMenuEntriesOnTheirs) {
+TEST_F(IndexTest, IndexOpensThePanelOnItsFirstTab) {
     samples({{0, 2.0f, "08300000010000"}, {90000, 2.0f, "08300100010000"}});
-    z().viewmap.assign(100000, 0);
     st.form.SSTab1 = 6;
     indexload(st);
     EXPECT_TRUE(st.form.Frame3visible);
