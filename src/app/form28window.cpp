@@ -355,7 +355,12 @@ QWidget* Form28Window::overviewpage(QWidget* parent) {
     for (const auto& [title, name] : rows) form->addRow(title, named(new QLabel(page), name));
     auto* quality = named(new QPushButton(caption("Command24"), page), "Command24");
     quality->setToolTip("作业质量汇总表，含超速详情");
-    form->addRow(quality);
+    auto* daily = named(new QPushButton(caption("Commanddaily"), page), "Commanddaily");
+    daily->setToolTip("日台数据分析报告：作业、仪器设置、超速、草状波和抑制核对");
+    auto* reports = new QHBoxLayout();
+    reports->addWidget(quality);
+    reports->addWidget(daily);
+    form->addRow(reports);
     return page;
 }
 

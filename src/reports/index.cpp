@@ -13,11 +13,6 @@ namespace orvane {
 
 namespace {
 
-// The numeric value of a mark text, rounded as the lists round it.
-double markvalue(const std::string& text) {
-    return roundeven(vbval(text));
-}
-
 std::string mileagetext(const Side& side, std::int64_t position) {
     return formatfixed(side.mileageat(position), 4, 3);
 }
@@ -44,6 +39,10 @@ void addhandoverrow(Station& st, const std::string& who, std::int32_t position, 
 }
 
 } // namespace
+
+double markvalue(const std::string& text) {
+    return roundeven(vbval(text));
+}
 
 std::int32_t sampleinforce(const Side& side, std::int32_t p, std::int32_t& k) {
     if (between(element(side.samplepos, k), p, element(side.samplepos, k + 1))) return k;

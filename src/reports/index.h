@@ -23,6 +23,8 @@ float speedatmark(const Side& side, std::int32_t p, std::int32_t& k);
 // The index of the sample in force at P by the same running search.
 std::int32_t sampleinforce(const Side& side, std::int32_t p, std::int32_t& k);
 
+// The numeric value of a mark text, rounded to a whole number as the lists round it.
+double markvalue(const std::string& text);
 // The text of a mark code in the list of marks: "标记3", "里程校对", "积分模式", a name of the
 // attribute table, "道岔" and the switch number, or empty.
 std::string marktypetext(const Station& st, const std::string& text);

@@ -1,6 +1,7 @@
 #include "reports/quality.h"
 
 #include "recording/hex.h"
+#include "reports/daily.h"
 #include "reports/index.h"
 #include "reports/shelf.h"
 #include "reports/workbook.h"
@@ -84,8 +85,7 @@ std::string lastparam(const Station& st) {
 // places.
 int detailblock(Sheet& s, int row) {
     s.write(row, 1, "超速详情");
-    const char* heads[] = {"线别", "行别", "班组", "日期", "时间", "里程", "执机人", "速度"};
-    for (int c = 0; c < 8; ++c) s.write(row + 1, c + 1, heads[c]);
+    overspeedheads(s, row + 1);
     return row + 2;
 }
 
@@ -110,6 +110,22 @@ Sheet& titled(Workbook& book, bool window) {
 }
 
 } // namespace
+
+void overspeedheads(Sheet& s, int row) {
+    const char* heads[] = {"线别", "行别", "班组", "日期", "时间", "里程", "执机人", "速度"};
+    for (int c = 0; c < 8; ++c) s.write(row, c + 1, heads[c]);
+}
+
+void windowplace(Sheet& s, int row, const Station& st, const SpeedWindow& w) {
+    const Side& z = st.zhu;
+    // The time takes the middle cut down, the mileage the middle rounded to even.
+    const std::int32_t half = w.start + (w.end - w.start) / 2;
+    const auto middle = static_cast<std::int32_t>(roundeven((w.end - w.start) / 2.0 + w.start));
+    s.write(row, 5, sampletime(element(z.sampleclock, half)));
+    s.write(row, 6, formatfixed(z.mileageat(element(z.samplepos, middle)), 4, 3) + "±5米");
+    s.write(row, 7, operatorat(st, element(z.samplepos, w.start)));
+    s.write(row, 8, formatfixed(w.average, 1, 2));
+}
 
 JobFields jobfields(const Station& st) {
     const Side& z = st.zhu;
@@ -209,13 +225,7 @@ Workbook windowlayout(const Station& st, float standard) {
         int row = detailblock(s, 5);
         for (const SpeedWindow& w : windowoverspeed(z, standard)) {
             detailcopies(s, row);
-            // The time takes the middle cut down, the mileage the middle rounded to even.
-            const std::int32_t half = w.start + (w.end - w.start) / 2;
-            const auto middle = static_cast<std::int32_t>(roundeven((w.end - w.start) / 2.0 + w.start));
-            s.write(row, 5, sampletime(element(z.sampleclock, half)));
-            s.write(row, 6, formatfixed(z.mileageat(element(z.samplepos, middle)), 4, 3) + "±5米");
-            s.write(row, 7, operatorat(st, element(z.samplepos, w.start)));
-            s.write(row, 8, formatfixed(w.average, 1, 2));
+            windowplace(s, row, st, w);
             ++row;
         }
     }
@@ -305,8 +315,7 @@ void pressoverspeed(Station& st) {
 }
 
 void pressdaily(Station& st) {
-    const auto standard = speedreportstart(st);
-    if (standard && st.hooks.dailyreport) st.hooks.dailyreport(st, *standard);
+    if (const auto standard = speedreportstart(st)) dailyreport(st, *standard);
 }
 
 void pressjoboverview(Station& st) {

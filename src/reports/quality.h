@@ -10,6 +10,7 @@ namespace orvane {
 struct Station;
 struct Side;
 class Workbook;
+struct Sheet;
 
 // The fields of the job that every report fills, from the labels of the job summary, the panels at
 // the replay's place and the tables of the station.
@@ -35,6 +36,10 @@ struct SpeedWindow {
     float average = 0;
 };
 std::vector<SpeedWindow> windowoverspeed(const Side& side, float standard);
+// The eight heads of the overspeed places in row ROW: "线别" to "速度".
+void overspeedheads(Sheet& s, int row);
+// Columns 5 to 8 of the place of window W in row ROW: time, mileage "±5米", operator, average.
+void windowplace(Sheet& s, int row, const Station& st, const SpeedWindow& w);
 // The count of overspeed by the rule that the build variant takes.
 std::int32_t overspeedcount(const Station& st, float standard);
 
@@ -48,7 +53,7 @@ std::string reportlayout(const Station& st);
 // Command24: asks for the standard, then the report of the configuration; the daily report where
 // the configuration asks for it, the quality summary in the layout it gives otherwise.
 void pressoverspeed(Station& st);
-// The daily report: the same question and refusal, then the report that the daily report's hook makes.
+// The daily report: the same question and refusal, then the daily report at the standard given.
 void pressdaily(Station& st);
 // The quality summary in LAYOUT ("window" or "sample") at STANDARD, handed to the user.
 void qualityreport(Station& st, const std::string& layout, float standard);

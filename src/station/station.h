@@ -415,8 +415,6 @@ struct Station {
         std::function<void(Station&, Side&)> bofang;     // a side drawn anew at its view
         std::function<void(Station&)> redrawrail;        // scale and rail anew for a new rail code
         std::function<void(Station&)> zoom;              // the enlarged view anew while it shows
-        // The daily report at the speed standard given, for the configuration that asks for it.
-        std::function<void(Station&, float)> dailyreport;
     } hooks;
 };
 

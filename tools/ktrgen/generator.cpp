@@ -200,8 +200,7 @@ class Generator {
             r[118 + k] = static_cast<std::uint8_t>(200 + (k < 6 ? 20 : 10) + gainstep);
             r[165 + k] = kinds[k];
         }
-        const bool suppressed = sc.details && metre >= length * 0.3 && metre < length * 0.4;
-        r[10] = suppressed ? 1 : 0;
+        r[10] = suppressedat(metre) ? 1 : 0;
         r[141] = metre < length * 0.5 ? 0x03 : 0x01; // reflection and transmission alarms, then one off
         r[174] = 150;
         r[175] = static_cast<std::uint8_t>(railcode(weightat(metre)));
@@ -278,6 +277,8 @@ class Generator {
                 list.push_back(gpsfirst(m));
                 list.push_back(gpssecond(m));
                 ++truth.gps;
+                if (lowintegral(m)) truth.lowintegral.push_back(p);
+                if (highintegral(m)) truth.highintegral.push_back(p);
             }
             Record r{};
             r[0] = 0x4D;
@@ -287,6 +288,10 @@ class Generator {
         }
     }
     std::int32_t lastsampleplan = -1;
+
+    bool suppressedat(double m) const { return sc.details && m >= length * 0.3 && m < length * 0.4; }
+    bool lowintegral(double m) const { return sc.details && m >= length * 0.32 && m < length * 0.35; }
+    bool highintegral(double m) const { return sc.details && m >= length * 0.36 && m < length * 0.39; }
 
     Entry11 gpsfirst(double m) const {
         Entry11 e{};
@@ -304,12 +309,20 @@ class Generator {
         e[10] = bcd(lon % 100);
         return e;
     }
+    // The integral values lie inside the grass-wave limits (below 120 or above 220, for G and H below
+    // 57.5 or above 160, is out of them), except over a low and then a high stretch while suppression
+    // is on.
     Entry11 gpssecond(double m) {
         Entry11 e{};
         e[0] = 0x4A;
+        const bool low = lowintegral(m), high = highintegral(m);
         for (int k = 0; k < 9; ++k) {
-            const int centre = k == 6 || k == 7 ? 60 : k == 8 ? 150 : 125;
-            e[1 + k] = static_cast<std::uint8_t>(std::clamp(centre + integer(-20, 20), 0, 255));
+            const bool inclined = k == 6 || k == 7;
+            const int d = integer(-20, 20);
+            const int v = low    ? (inclined ? 45 : 95) + d / 2
+                          : high ? (inclined ? 180 : 240) + d / 2
+                                 : (inclined ? 100 : 160) + d;
+            e[1 + k] = static_cast<std::uint8_t>(std::clamp(v, 0, 255));
         }
         const int volts = 8 - static_cast<int>(3 * m / std::max(length, 1.0));
         e[10] = static_cast<std::uint8_t>(volts << 4);
@@ -561,6 +574,8 @@ std::string truthjson(const Truth& t) {
     for (const auto& [p, text] : t.marks)
         j.beginarray().value(static_cast<std::int64_t>(p)).value(text).endarray();
     j.endarray();
+    positions("lowintegral", t.lowintegral);
+    positions("highintegral", t.highintegral);
     positions("restarts", t.restarts);
     positions("stops", t.stops);
     positions("joints", t.joints);

@@ -27,6 +27,8 @@ struct Truth {
     std::vector<std::pair<std::string, std::int32_t>> defects;
     std::vector<std::pair<std::int32_t, std::int32_t>> overspeed; // sample positions above 3.0 km/h
     std::vector<std::int32_t> bottomloss; // end positions of the lost bottom echo entries
+    // Positions of the GPS entries whose integral values lie below, or above, the grass-wave limits.
+    std::vector<std::int32_t> lowintegral, highintegral;
 };
 
 struct Recording {
