@@ -76,7 +76,7 @@ TEST_F(CliReport, OneWorkbookPerGoodFileAndEachBadFileReported) {
 
 TEST_F(CliReport, EveryKindMakesItsWorkbook) {
     const std::string a = recording("a.ktr", 2);
-    for (const char* kind : {"quality", "markspeed", "overview", "integral", "rawsamples"}) {
+    for (const char* kind : {"quality", "daily", "markspeed", "overview", "integral", "rawsamples"}) {
         const Run r = cli(std::string("report ") + kind + " " + a + " --speed 2 -o " + temp.file("out"));
         EXPECT_EQ(r.status, 0) << kind << r.err;
         EXPECT_TRUE(fs::exists(temp.file("out") + "/a-" + kind + ".xlsx")) << kind;
@@ -92,6 +92,32 @@ TEST_F(CliReport, TheVariantChoosesTheLayout) {
     const orvane::Workbook book = orvane::readxlsx(temp.file("out") + "/a-quality.xlsx");
     EXPECT_EQ(book.sheets()[0].read(1, 1).text, "    钢  轨  探  伤  作  业  质  量  汇  总                ");
     EXPECT_EQ(cli("report quality " + a + " --variant nonsense -o " + temp.file("out")).status, 1);
+}
+
+TEST_F(CliReport, TheDailyReportComesWhateverTheVariantWithTheIndexLoadedFirst) {
+    const std::string a = recording("a.ktr", 2);
+    const Run r = cli("report daily " + a + " --variant longxi:feitarvik -o " + temp.file("out"));
+    ASSERT_EQ(r.status, 0) << r.err;
+    const orvane::Workbook book = orvane::readxlsx(temp.file("out") + "/a-daily.xlsx");
+    ASSERT_GE(book.sheets().size(), 5u);
+    const char* names[] = {"日台数据分析报告", "超速详情表", "草状波不达标地段汇总表", "全程超速汇总表",
+                           "积分值列表"};
+    for (std::size_t i = 0; i < 5; ++i) EXPECT_EQ(book.sheets()[i].name, names[i]);
+    EXPECT_EQ(book.sheets()[0].read(5, 4).text, "KRM-5T");
+    // The list of integral values was there to copy: rows with suppression on stand below the head.
+    EXPECT_EQ(book.sheets()[4].read(2, 11).text, "执机人");
+    EXPECT_NE(book.sheets()[4].read(3, 1).text, "");
+    const QJsonObject figures = r.out["reports"].toArray()[0].toObject()["figures"].toObject();
+    EXPECT_TRUE(figures.contains("overspeed"));
+
+    // In the window's configuration for it, Command24 makes it too.
+    const std::string dir = temp.file("books");
+    const Run run = cli("run " + a + " --variant haerbin:tarvik --workbooks " + dir +
+                        " --answer 3 --answer 3 --do press:Command24 --do press:Commanddaily");
+    ASSERT_EQ(run.status, 0) << run.err;
+    ASSERT_EQ(run.out["workbooks"].toArray().size(), 2);
+    for (const char* n : {"/1.xlsx", "/2.xlsx"})
+        EXPECT_EQ(orvane::readxlsx(dir + n).sheets()[0].name, "日台数据分析报告") << n;
 }
 
 TEST_F(CliReport, RunWritesTheWorkbooksHandedOverInOrder) {
