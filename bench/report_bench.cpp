@@ -1,7 +1,8 @@
-// The analysis index and the reports on the large synthetic recording, each with its .xlsx file
-// written, and the quality summary of a supervisor's folder of 20 small recordings.
+// The analysis index and the reports on the large synthetic recording (the daily report among them),
+// each with its .xlsx file written, and the quality summary of a supervisor's folder of 20 small recordings.
 #include "app/startup.h"
 #include "generator.h"
+#include "reports/daily.h"
 #include "reports/index.h"
 #include "reports/markspeed.h"
 #include "reports/quality.h"
@@ -78,6 +79,19 @@ void MarkOverspeedWithXlsx(benchmark::State& state) {
     }
 }
 BENCHMARK(MarkOverspeedWithXlsx)->Unit(benchmark::kMillisecond);
+
+// The daily report as a careful user makes it: the index loaded once, then the report and its file.
+void DailyReportWithXlsx(benchmark::State& state) {
+    Loaded& l = large();
+    orvane::indexload(l.st);
+    const std::string path = (folder / "daily.xlsx").string();
+    for (auto _ : state) {
+        const orvane::Workbook book = orvane::dailybook(l.st, 2.5f);
+        if (orvane::savexlsx(book, path)) state.SkipWithError("not written");
+    }
+    state.counters["integralrows"] = static_cast<double>(l.st.form.Grid1jf.size() - 1);
+}
+BENCHMARK(DailyReportWithXlsx)->Unit(benchmark::kMillisecond);
 
 // Each file loaded into a station of its own, its summary made and written, as report quality does.
 void ReportQualityTwentySmall(benchmark::State& state) {

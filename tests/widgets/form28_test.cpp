@@ -10,6 +10,7 @@
 #include "bmode/formpk2window.h"
 #include "render/rastercanvas.h"
 #include "replay/bofang.h"
+#include "reports/workbook.h"
 #include "station/controls.h"
 #include "station/station.h"
 #include "stores/settingsstore.h"
@@ -180,6 +181,30 @@ TEST_F(Form28Replay, TheIndexButtonFillsTheListsAndTheTabsFollowTheMenuEntries) 
     const std::int32_t there = st.zhu.viewindex;
     gotoposition(st, st.markrowpos[2] - 300);
     EXPECT_EQ(st.zhu.viewindex, there);
+}
+
+// Keeps the workbooks handed over, by the report's name.
+class KeptReports : public Workbooks {
+  public:
+    std::vector<std::pair<std::string, std::string>> firstsheets;
+    void show(const Workbook& book, const std::string& report) override {
+        firstsheets.emplace_back(report, book.sheets().front().name);
+    }
+};
+
+TEST_F(Form28Replay, TheDailyReportStandsBesideTheQualitySummaryOnTheOverviewTab) {
+    KeptReports kept;
+    st.workbooks = &kept;
+    control<QPushButton>("Command1")->click();
+    auto* daily = control<QPushButton>("Commanddaily");
+    ASSERT_NE(daily, nullptr);
+    EXPECT_EQ(daily->text().toStdString(), "日台报告");
+    EXPECT_EQ(daily->parentWidget(), control<QPushButton>("Command24")->parentWidget());
+    ui.answers = {"3"};
+    daily->click();
+    ASSERT_EQ(kept.firstsheets.size(), 1u);
+    EXPECT_EQ(kept.firstsheets[0], (std::pair<std::string, std::string>{"daily", "日台数据分析报告"}));
+    st.workbooks = nullptr;
 }
 
 TEST_F(Form28Replay, EnterInTheKilometreBoxSeeks) {
