@@ -80,8 +80,7 @@ void makereport(Station& st, ScriptedUi& ui, const ReportRequest& request) {
     if (kind == "quality") {
         pressoverspeed(st);
     } else if (kind == "daily") {
-        indexload(st);
-        pressdaily(st);
+        pressdailyentry(st);
     } else if (kind == "markspeed") {
         markoverspeed(st);
     } else if (kind == "overview") {

@@ -69,7 +69,7 @@ void registerreportbuttons(Station& st) {
     st.controls.add(marks);
     st.controls.add(actionbutton("Command24", "超速", pressoverspeed));
     // The daily report whatever the customer strings say: supervisors of every customer ask for it.
-    st.controls.add(actionbutton("Commanddaily", "日台报告", pressdaily));
+    st.controls.add(actionbutton("Commanddaily", "日台报告", pressdailyentry));
     // The job summary's label and the A-mode's caption are registered by their panels; the reports
     // give them their clicks.
     if (Control* overview = st.controls.edit("Lzygk")) {

@@ -318,6 +318,13 @@ void pressdaily(Station& st) {
     if (const auto standard = speedreportstart(st)) dailyreport(st, *standard);
 }
 
+void pressdailyentry(Station& st) {
+    if (const auto standard = speedreportstart(st)) {
+        indexload(st);
+        dailyreport(st, *standard);
+    }
+}
+
 void pressjoboverview(Station& st) {
     handover(st, joboverview(st), "overview");
 }

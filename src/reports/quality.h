@@ -55,6 +55,9 @@ std::string reportlayout(const Station& st);
 void pressoverspeed(Station& st);
 // The daily report: the same question and refusal, then the daily report at the standard given.
 void pressdaily(Station& st);
+// The daily report whatever the configuration, as the window's own entry and the batch make it: the
+// same question, then the lists of the index loaded, as a careful user would, then the report.
+void pressdailyentry(Station& st);
 // The quality summary in LAYOUT ("window" or "sample") at STANDARD, handed to the user.
 void qualityreport(Station& st, const std::string& layout, float standard);
 // A click on Lzygk: the job overview, without a question.
