@@ -42,8 +42,9 @@ std::string dumpjson(Station& st, const std::string& file, const std::vector<std
 
 // The operations of a picture: its scale, the background's operations and those since the last clear.
 std::string opsjson(const RecordingCanvas& canvas);
-// The picture as a PNG, one canvas unit a pixel across; false when the file cannot be written.
-bool writepng(const RecordingCanvas& canvas, const std::string& path);
+// The picture as a PNG, one canvas unit a pixel across unless WIDTH and HEIGHT in pixels are given;
+// false when the file cannot be written.
+bool writepng(const RecordingCanvas& canvas, const std::string& path, int width = 0, int height = 0);
 
 // An action of orvane-cli run that names no control or has a bad form.
 class ActionError : public std::invalid_argument {

@@ -81,17 +81,10 @@ std::string opsjson(const RecordingCanvas& canvas) {
     return j.text();
 }
 
-bool writepng(const RecordingCanvas& canvas, const std::string& path) {
-    const int width = std::max(1, static_cast<int>(std::lround(canvas.scalewidth)));
-    const int height = std::max(1, static_cast<int>(std::lround(canvas.scaleheight)));
-    RasterCanvas raster(width, height);
-    raster.scale(canvas.scalewidth, canvas.scaletop, canvas.scaleheight);
-    raster.beginbackground(canvas.backgroundcolor);
-    replayops(canvas.background, raster);
-    raster.storebackground();
-    raster.clear();
-    replayops(canvas.ops, raster);
-    return raster.image().save(QString::fromStdString(path), "PNG");
+bool writepng(const RecordingCanvas& canvas, const std::string& path, int width, int height) {
+    if (width <= 0) width = std::max(1, static_cast<int>(std::lround(canvas.scalewidth)));
+    if (height <= 0) height = std::max(1, static_cast<int>(std::lround(canvas.scaleheight)));
+    return renderrecorded(canvas, width, height).save(QString::fromStdString(path), "PNG");
 }
 
 } // namespace orvane::cli

@@ -22,9 +22,11 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -41,6 +43,13 @@ constexpr const char* usage =
     "[--clock YYYYMMDD-hhmmss] [--workbooks DIR] [--variant BUILD:TARVIK]\n"
     "       orvane-cli report quality|daily|markspeed|overview|integral|rawsamples FILE... [--speed N] "
     "[--variant BUILD:TARVIK] [--set NAME=VALUE]... [--view N] [--jobs N] -o DIR";
+
+// The canvases of the curve windows and of the track, with the size in pixels that their windows
+// show them at.
+const std::map<std::string, std::pair<int, int>> curvepixels = {
+    {"Form29.Picture1", {1000, 400}}, {"Form29.Picture2", {40, 400}}, {"Form8.Picture1", {1000, 400}},
+    {"Form8.Picture2", {40, 400}},    {"Form8.Picture3", {40, 400}},  {"Form9.Picture1", {1000, 400}},
+    {"Form9.Picture2", {40, 400}},    {"picturegj", {620, 370}}};
 
 struct Arguments {
     std::string command;
@@ -142,8 +151,12 @@ std::optional<std::string> parse(int argc, char** argv, Arguments& a) {
             a.actions.push_back(*v);
         } else if (arg == "--canvas") {
             auto v = next();
-            if (!v || (*v != "Picture1" && *v != "Picture3" && *v != "Picture6" && *v != "Picture9"))
-                return "--canvas takes Picture1, Picture3, Picture6 or Picture9";
+            const bool picture =
+                v && (*v == "Picture1" || *v == "Picture3" || *v == "Picture6" || *v == "Picture9");
+            if (!v || (!picture && !curvepixels.contains(*v)))
+                return "--canvas takes Picture1, Picture3, Picture6, Picture9, picturegj or a canvas of "
+                       "Form29, "
+                       "Form8 or Form9";
             a.canvas = *v;
         } else if (arg == "--png" || arg == "--ops") {
             auto v = next();
@@ -232,10 +245,13 @@ int frame(orvane::Station& st, orvane::ScriptedUi& ui, const Arguments& args) {
     st.picture6 = &picture6;
     st.picture9 = &picture9;
     picture9.scale(300, 0, 410);
-    const orvane::RecordingCanvas& canvas = args.canvas == "Picture3"   ? picture3
-                                            : args.canvas == "Picture6" ? picture6
-                                            : args.canvas == "Picture9" ? picture9
-                                                                        : picture1;
+    std::map<std::string, orvane::RecordingCanvas> curves;
+    for (const auto& [name, pixels] : curvepixels) st.canvases[name] = &curves[name];
+    const orvane::RecordingCanvas& canvas = args.canvas == "Picture3"           ? picture3
+                                            : args.canvas == "Picture6"         ? picture6
+                                            : args.canvas == "Picture9"         ? picture9
+                                            : curvepixels.contains(args.canvas) ? curves[args.canvas]
+                                                                                : picture1;
     orvane::windowload(st, file);
     if (st.process.ended)
         return failed(ui.messages.empty() ? file + " cannot be opened" : ui.messages.back());
@@ -283,7 +299,12 @@ int frame(orvane::Station& st, orvane::ScriptedUi& ui, const Arguments& args) {
         char name[] = "orvane-cli";
         char* argv[] = {name, nullptr};
         QGuiApplication app(argc, argv);
-        if (!orvane::cli::writepng(canvas, args.png)) return failed("cannot write " + args.png);
+        // A curve is painted at the size its window shows it; the big track at the big size.
+        auto [width, height] =
+            curvepixels.contains(args.canvas) ? curvepixels.at(args.canvas) : std::pair{0, 0};
+        if (args.canvas == "picturegj" && st.track.big) std::tie(width, height) = std::pair{1000, 700};
+        if (!orvane::cli::writepng(canvas, args.png, width, height))
+            return failed("cannot write " + args.png);
     }
     return output.empty() ? 0 : writeoutput(args, output);
 }

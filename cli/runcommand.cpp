@@ -3,6 +3,7 @@
 #include "amode/amode.h"
 #include "app/startup.h"
 #include "commands.h"
+#include "curves/track.h"
 #include "json.h"
 #include "replay/transport.h"
 #include "station/scriptedui.h"
@@ -58,6 +59,7 @@ bool runaction(Station& st, const std::string& action) {
         for (int n = number(p[1], action); n > 0; --n) {
             if (st.T1) replaytick(st);
             if (st.T2) amodetick(st);
+            if (st.track.Timer1) followtrack(st);
         }
     } else if (kind == "enter" && p.size() >= 3) {
         enter(st, p[1], rest(action, p));
@@ -231,6 +233,37 @@ std::string statejson(Station& st, const ScriptedUi& ui, const DumpRanges& range
         .key("cliptarget")
         .value(st.cliptarget);
     j.key("Tmc").value(st.form.Tmc);
+    // The curves and the track.
+    const auto& cv = st.curves;
+    j.key("curveend").value(cv.curveend).key("curvemargin").value(cv.curvemargin);
+    j.key("curvechannel")
+        .value(cv.curvechannel)
+        .key("curvecolor")
+        .value(static_cast<std::int64_t>(cv.curvecolor));
+    j.key("speedfirst").value(cv.speedfirst);
+    const auto& t = st.track;
+    j.key("trackcount").value(t.trackcount).key("trackvalid").value(t.trackvalid);
+    j.key("trackcursor").value(t.trackcursor).key("Timer1").value(t.Timer1);
+    for (const auto& [name, list] : {std::pair{"tracklon", &t.tracklon},
+                                     {"tracklat", &t.tracklat},
+                                     {"trackfix", &t.trackfix},
+                                     {"trackpos", &t.trackpos},
+                                     {"trackx", &t.trackx},
+                                     {"tracky", &t.tracky}}) {
+        j.key(name).beginarray();
+        for (std::int32_t i = 0; i < t.trackcount && i < static_cast<std::int32_t>(list->size()); ++i)
+            j.value((*list)[static_cast<std::size_t>(i)]);
+        j.endarray();
+    }
+    j.key("Shape6")
+        .beginobject()
+        .key("visible")
+        .value(t.visible)
+        .key("x")
+        .value(t.Shape6x)
+        .key("y")
+        .value(t.Shape6y)
+        .endobject();
     // The analysis index and the reports.
     j.key("Frame3visible").value(st.form.Frame3visible).key("SSTab1").value(st.form.SSTab1);
     auto rowpositions = [&j](const char* name, const std::vector<std::int32_t>& list, std::size_t rows) {

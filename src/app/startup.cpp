@@ -5,6 +5,7 @@
 #include "amode/controls.h"
 #include "bmode/bmode.h"
 #include "bmode/controls.h"
+#include "curves/controls.h"
 #include "processing/controls.h"
 #include "processing/safefile.h"
 #include "processing/session.h"
@@ -153,6 +154,7 @@ void assemble(Station& st) {
     registeramode(st);
     registerprocessing(st);
     registerreports(st);
+    registercurves(st);
 }
 
 void entry(Station& st, const std::string& folder, const std::string& language) {

@@ -93,4 +93,15 @@ void RasterCanvas::print(const std::string& text) {
     currenty += fontsize * 1.5 * scaleheight / image_.height();
 }
 
+QImage renderrecorded(const RecordingCanvas& canvas, int width, int height) {
+    RasterCanvas raster(width, height);
+    raster.scale(canvas.scalewidth, canvas.scaletop, canvas.scaleheight);
+    raster.beginbackground(canvas.backgroundcolor);
+    replayops(canvas.background, raster);
+    raster.storebackground();
+    raster.clear();
+    replayops(canvas.ops, raster);
+    return raster.image();
+}
+
 } // namespace orvane

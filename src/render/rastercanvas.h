@@ -1,6 +1,7 @@
 #pragma once
 // A canvas painted into an image: one canvas unit a pixel across, the height by the scale.
 #include "station/canvas.h"
+#include "station/recordingcanvas.h"
 
 #include <QImage>
 
@@ -26,6 +27,10 @@ class RasterCanvas : public Canvas {
     QImage image_;
     QImage background_;
 };
+
+// The picture of recorded operations painted WIDTH by HEIGHT pixels: the canvas's user scale maps to
+// the image, so a curve over millions of positions is as crisp at any size.
+QImage renderrecorded(const RecordingCanvas& canvas, int width, int height);
 
 // A station colour (red + 256 green + 65536 blue) as a Qt colour.
 QColor qcolorof(std::uint32_t color);

@@ -165,9 +165,20 @@ std::string sensitivityof(int gainbyte) {
     return formatfixed((800 - 5 * gainbyte) / 10.0, 0, 1);
 }
 
+namespace {
+
+int gainbyte(const std::string& paramimage, int channel) {
+    return static_cast<int>(hexvalue(mid(paramimage, 237 + 2 * static_cast<std::size_t>(channel), 2)));
+}
+
+} // namespace
+
+double gainof(const std::string& paramimage, int channel) {
+    return (800 - 5 * gainbyte(paramimage, channel)) / 10.0;
+}
+
 std::string sensitivityof(const std::string& paramimage, int channel) {
-    return sensitivityof(
-        static_cast<int>(hexvalue(mid(paramimage, 237 + 2 * static_cast<std::size_t>(channel), 2))));
+    return sensitivityof(gainbyte(paramimage, channel));
 }
 
 int stepsize(std::int32_t n) {

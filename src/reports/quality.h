@@ -21,6 +21,8 @@ struct JobFields {
 };
 JobFields jobfields(const Station& st);
 
+// The gain in dB of channel C (0 to 8) of a parameter record image.
+double gainof(const std::string& paramimage, int channel);
 // The gain in dB of a channel's gain byte, "30.0"; of channel C (0 to 8) of a parameter record image.
 std::string sensitivityof(int gainbyte);
 std::string sensitivityof(const std::string& paramimage, int channel);

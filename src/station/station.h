@@ -330,6 +330,37 @@ struct Station {
     std::vector<std::int32_t> handoverrowpos = std::vector<std::int32_t>(10001);
     // The overspeed count of the last speed report.
     std::int32_t overspeedcount = 0;
+
+    // The curve windows: the gain curve Form29, the doors from it to the integral curve Form8 and the
+    // speed curve Form9, and the replay log Form4.
+    struct Curves {
+        bool Form29open = false, Form8open = false, Form9open = false, Form4open = false;
+        double curveend = 0;    // lastposition, frozen when Form29 opens
+        double curvemargin = 0; // 8 % of it, split on both sides of the run
+        std::int16_t curvechannel = 0;
+        std::uint32_t curvecolor = 0;
+        // Label14 of each curve window: the read-out under the pointer.
+        Side::Readout gainreadout, integralreadout, speedreadout;
+        std::string Text1; // Form8: the value below which 筛选 lists the places
+        // Form9: the first sample of the page (HScrolljd), the page's margin, the mileages of its first
+        // and last sample (Label2, Label3) and the colours of the marks 0 to 4.
+        std::int32_t speedfirst = 0;
+        double speedmargin = 0;
+        std::string speedfrom, speedto;
+        std::array<std::uint32_t, 5> markcolor{};
+        Table replaylog{{"日期", "开始时间", "结束时间", "分析时长"}}; // Form4.Grid1ts
+    } curves;
+    // The GPS track on picturegj: per element of gpstext the fix in a linear unit, its running number
+    // (0 without fix), its position and its place on the canvas; one element more than trackcount,
+    // which stays 0.
+    struct Track {
+        std::vector<double> tracklon, tracklat, trackfix, trackpos, trackx, tracky;
+        std::int32_t trackcount = 0, trackvalid = 0, trackcursor = 0;
+        bool visible = false;            // picturegj shown
+        bool big = false;                // the big canvas (Command30) or the small one
+        bool Timer1 = false;             // Shape6 follows the replay
+        double Shape6x = 0, Shape6y = 0; // the present place on the canvas
+    } track;
     // Every file the station wrote, in order.
     std::vector<std::string> written;
     std::string markerkind;
@@ -401,6 +432,8 @@ struct Station {
     Canvas* picture6 = nullptr; // the B-mode picture of the comparison side
     Canvas* picture9 = nullptr; // the enlargement
     Canvas* picture3 = nullptr; // the A-mode picture
+    // The canvases of the other windows by their qualified names ("Form29.Picture1", "picturegj").
+    std::map<std::string, Canvas*> canvases;
     Clock* clock = nullptr;
     Workbooks* workbooks = nullptr; // none: a report is made and handed to nobody
 
