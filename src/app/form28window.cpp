@@ -1,11 +1,14 @@
 #include "app/form28window.h"
 
 #include "amode/amode.h"
+#include "app/curveview.h"
+#include "app/curvewindow.h"
 #include "app/dialogwindow.h"
 #include "app/pictureview.h"
 #include "app/startup.h"
 #include "bmode/bmode.h"
 #include "bmode/formpk2window.h"
+#include "curves/track.h"
 #include "processing/form10window.h"
 #include "render/rastercanvas.h"
 #include "replay/bofang.h"
@@ -116,7 +119,7 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
     zoom->addWidget(picture9_, 1);
     enlargement_->hide();
     popup_ = named(new QMenu(this), "a13");
-    for (const char* name : {"aqd", "azd", "qcqzd", "axjd", "ax70", "asz", "bjdcz"})
+    for (const char* name : {"aqd", "azd", "qcqzd", "axjd", "ax70", "asz", "bjdcz", "azyqx", "gpsqx"})
         popup_->addAction(caption(name))->setObjectName(name);
     popup_->findChild<QAction*>("ax70")->setCheckable(true);
     popup_->addAction(caption("acc"))->setObjectName("acc");
@@ -194,9 +197,23 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
     auto* index = named(new QPushButton(caption("Command1"), central), "Command1");
     index->setToolTip("列出标记点、积分值和交接记录");
     summary->addWidget(index);
+    auto* curves = new QHBoxLayout();
+    auto* gain = named(new QPushButton(caption("Command16"), central), "Command16");
+    gain->setToolTip("各通道灵敏度沿全程的变化，并可转到积分值曲线和速度曲线");
+    curves->addWidget(gain);
+    auto* track = named(new QPushButton(caption("Command22"), central), "Command22");
+    track->setToolTip("按GPS值画出的推行轨迹");
+    curves->addWidget(track);
+    summary->addLayout(curves);
+    auto* log = named(new QLabel(caption("Lyycs"), central), "Lyycs");
+    log->setToolTip("谁回放过本文件，用了多长时间");
+    log->setCursor(Qt::PointingHandCursor);
+    summary->addWidget(log);
     summary->addStretch(1);
     panels->addLayout(summary);
     layout->addLayout(panels);
+
+    trackpanel(central);
 
     t2_ = named(new QTimer(this), "T2");
     connect(t2_, &QTimer::timeout, this, [this] {
@@ -568,6 +585,44 @@ void Form28Window::drawruler(QPainter& painter, const PictureView& view, const S
     }
 }
 
+void Form28Window::trackpanel(QWidget* central) {
+    track_ = new CurveView(st_, "picturegj", central);
+    track_->setToolTip("按住鼠标移动可拖动坐标轴");
+    auto* corner = new QHBoxLayout(track_);
+    corner->setContentsMargins(4, 4, 4, 4);
+    corner->addStretch(1);
+    for (const char* name : {"Command30", "Command29", "Command28"}) {
+        auto* b = named(new QPushButton(caption(name), track_), name);
+        b->setFixedSize(30, 24);
+        corner->addWidget(b, 0, Qt::AlignTop);
+    }
+    track_->setoverlay([this](QPainter& p, const std::function<QPointF(QPointF)>& at) {
+        const Station::Track& t = st_.track;
+        // Shape6: the present place.
+        p.setPen(QPen(Qt::blue, 2));
+        p.drawEllipse(at({t.Shape6x, t.Shape6y}), 6, 6);
+        const std::pair<QColor, const char*> legend[] = {
+            {Qt::red, "推行轨迹(有GPS值)"}, {Qt::black, "推行轨迹(无GPS值)"}, {Qt::blue, "选中路段"}};
+        int y = track_->height() - 52;
+        for (const auto& [colour, text] : legend) {
+            p.setPen(QPen(colour, 3));
+            p.drawLine(10, y, 30, y);
+            p.setPen(Qt::black);
+            p.drawText(36, y + 5, text);
+            y += 16;
+        }
+    });
+    track_->hide();
+    timer1_ = named(new QTimer(this), "Timer1");
+    timer1_->setInterval(300);
+    connect(timer1_, &QTimer::timeout, this, [this] {
+        if (!st_.track.Timer1) return;
+        followtrack(st_);
+        track_->update();
+    });
+    timer1_->start();
+}
+
 void Form28Window::act(const std::function<void()>& handler) {
     try {
         handler();
@@ -577,6 +632,31 @@ void Form28Window::act(const std::function<void()>& handler) {
     refresh();
     showformpk2();
     showform10();
+    showcurves();
+}
+
+void Form28Window::showcurves() {
+    for (const char* form : {"Form29", "Form8", "Form9", "Form4"}) {
+        QPointer<CurveWindow>& window = curvewindows_[form];
+        if (window || !CurveWindow::isopen(st_, form)) continue;
+        window = new CurveWindow(
+            st_, form, [this](const std::function<void()>& h) { act(h); }, this);
+        window->setAttribute(Qt::WA_DeleteOnClose);
+        window->show();
+    }
+}
+
+// The track's canvas over the window, small at the lower left or as large as the window, with its
+// three buttons in its corner; Shape6 and the legend drawn over it.
+void Form28Window::placetrack() {
+    const Station::Track& t = st_.track;
+    track_->setVisible(t.visible);
+    if (!t.visible) return;
+    QWidget* central = centralWidget();
+    track_->setGeometry(t.big ? QRect(7, 7, central->width() - 14, central->height() - 14)
+                              : QRect(7, std::max(7, central->height() - 377), 620, 370));
+    track_->raise();
+    track_->update();
 }
 
 void Form28Window::showform10() {
@@ -593,6 +673,9 @@ void Form28Window::refresh() {
     controls_->refresh();
     if (formpk2_) formpk2_->refresh();
     if (form10_) form10_->refresh();
+    for (auto& [form, window] : curvewindows_)
+        if (window) window->refresh();
+    placetrack();
     for (int k = 0; k < 9; ++k) {
         const QString sheet = QString("background-color: %1; border: 1px solid gray;")
                                   .arg(qcolorof(st_.settings.channelcolor[k]).name());

@@ -32,6 +32,8 @@ class ControlView;
 class DialogUi;
 class Form10Window;
 class Formpk2Window;
+class CurveWindow;
+class CurveView;
 class PictureView;
 class RasterCanvas;
 
@@ -72,6 +74,11 @@ class Form28Window : public QMainWindow {
     void showformpk2();
     // The magnifier while the logic has it open.
     void showform10();
+    // The curve windows that the logic has open.
+    void showcurves();
+    // The track's canvas picturegj with its buttons and timer, and its place over the window.
+    void trackpanel(QWidget* central);
+    void placetrack();
     // Picture1 takes the focus back if it can.
     void focuspicture();
     // The mouse on the picture: on the grip of the cursor assembly it goes to Labelyz, elsewhere to the
@@ -101,6 +108,9 @@ class Form28Window : public QMainWindow {
     ControlView* controls_ = nullptr;
     QPointer<Formpk2Window> formpk2_;
     QPointer<Form10Window> form10_;
+    std::map<std::string, QPointer<CurveWindow>> curvewindows_;
+    CurveView* track_ = nullptr;            // picturegj
+    QTimer* timer1_ = nullptr;              // Shape6 follows the replay
     std::unique_ptr<RasterCanvas> canvas9_; // the enlargement
     PictureView* picture9_ = nullptr;
     QWidget* enlargement_ = nullptr; // Picture9 with its close label Label9

@@ -29,6 +29,10 @@ double curvewidth(const Station& st);
 // the pointer, or left of it past half of the run so that it stays inside the canvas.
 void placereadout(Side::Readout& r, double end, double x, double y, const std::string& text);
 
+// The curve window FORM ("Form29", "Form8", "Form9") drawn as its opening draws it: its scale and the
+// curve of its channel or page. A window whose canvases come after the opening asks for it.
+void drawcurvewindow(Station& st, const std::string& form);
+
 // Form29. Command16 and the menu entry azyqx open it: the length of the run is frozen as curveend.
 void opengaincurve(Station& st);
 void gainscale(Station& st);

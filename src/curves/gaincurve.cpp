@@ -78,8 +78,19 @@ void opengaincurve(Station& st) {
     cv.curvemargin = cv.curveend * 0.08;
     cv.Form29open = true;
     cv.gainreadout = {};
-    // The window shows the curve of its channel at once.
-    gainchannel(st, cv.curvechannel);
+    drawcurvewindow(st, "Form29");
+}
+
+void drawcurvewindow(Station& st, const std::string& form) {
+    if (form == "Form29") {
+        gainchannel(st, st.curves.curvechannel);
+    } else if (form == "Form8") {
+        valuescale(st, "Form8.Picture2");
+        integralchannel(st, st.curves.curvechannel);
+    } else if (form == "Form9") {
+        valuescale(st, "Form9.Picture2");
+        speedpage(st);
+    }
 }
 
 void gainscale(Station& st) {
@@ -144,8 +155,7 @@ void openspeedcurve(Station& st) {
     st.curves.speedreadout = {};
     // The five marks in five colours of the settings.
     for (std::size_t m = 0; m < 5; ++m) st.curves.markcolor[m] = st.settings.channelcolor[m];
-    valuescale(st, "Form9.Picture2");
-    speedpage(st);
+    drawcurvewindow(st, "Form9");
 }
 
 void openintegralcurve(Station& st) {
@@ -159,8 +169,7 @@ void openintegralcurve(Station& st) {
     }
     st.curves.Form8open = true;
     st.curves.integralreadout = {};
-    valuescale(st, "Form8.Picture2");
-    integralchannel(st, st.curves.curvechannel);
+    drawcurvewindow(st, "Form8");
 }
 
 } // namespace orvane

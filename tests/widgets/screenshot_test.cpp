@@ -1,5 +1,7 @@
 // The window on the demo recording at a joint and at a defect, kept as pictures of the test run
 // (folder artifacts of the build) for a person to look at, and checked for the shape of a rail.
+#include "app/curveview.h"
+#include "app/curvewindow.h"
 #include "app/dialogwindow.h"
 #include "app/form28window.h"
 #include "app/pictureview.h"
@@ -141,6 +143,49 @@ TEST_F(Form28Screenshot, ComparisonOfTwoRunsBelowOneAnother) {
         for (int dy = -2; dy <= 2; ++dy)
             surface += image.pixelColor(x, std::clamp(y + dy, 0, image.height() - 1)) != back;
     EXPECT_GT(surface, image.width() / 4);
+}
+
+// Pixels of a widget's picture unlike its corner.
+int drawn(QWidget* w) {
+    const QImage image = w->grab().toImage();
+    const QColor back = image.pixelColor(0, 0);
+    int n = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x) n += image.pixelColor(x, y) != back;
+    return n;
+}
+
+// The three curves and the track of the demo, each in its window, opened by their buttons.
+TEST_F(Form28Screenshot, TheCurvesAndTheTrack) {
+    const QString folder = ORVANE_ARTIFACTS;
+    window->findChild<QPushButton*>("Command1")->click();
+    window->findChild<QPushButton*>("Command16")->click();
+    auto* gain = window->findChild<CurveWindow*>("Form29");
+    ASSERT_NE(gain, nullptr);
+    gain->findChild<QPushButton*>("Command3")->click();
+    QApplication::processEvents();
+    EXPECT_GT(drawn(gain->findChild<CurveView*>("Picture1")), 500);
+    EXPECT_TRUE(gain->grab().save(folder + "/form29.png"));
+    const std::pair<const char*, const char*> doors[] = {{"Command8", "Form8"}, {"Command12", "Form9"}};
+    for (const auto& [button, form] : doors) {
+        gain->findChild<QPushButton*>(button)->click();
+        auto* curve = window->findChild<CurveWindow*>(form);
+        ASSERT_NE(curve, nullptr) << form;
+        QApplication::processEvents();
+        EXPECT_GT(drawn(curve->findChild<CurveView*>("Picture1")), 500) << form;
+        EXPECT_TRUE(curve->grab().save(folder + "/" + QString(form).toLower() + ".png"));
+        curve->reject();
+    }
+    gain->reject();
+    EXPECT_FALSE(st.curves.Form29open);
+    window->findChild<QPushButton*>("Command22")->click();
+    auto* track = window->findChild<CurveView*>("picturegj");
+    ASSERT_TRUE(track->isVisible());
+    QApplication::processEvents();
+    EXPECT_GT(drawn(track), 200);
+    EXPECT_TRUE(window->grab().save(folder + "/form28-track.png"));
+    window->findChild<QPushButton*>("Command28")->click();
+    EXPECT_FALSE(track->isVisible());
 }
 
 } // namespace

@@ -197,7 +197,8 @@ class Generator {
             const auto w = static_cast<std::uint16_t>(words[k]);
             r[91 + 2 * k] = static_cast<std::uint8_t>(w & 0xFF);
             r[92 + 2 * k] = static_cast<std::uint8_t>(w >> 8);
-            r[118 + k] = static_cast<std::uint8_t>(200 + (k < 6 ? 20 : 10) + gainstep);
+            r[118 + k] =
+                static_cast<std::uint8_t>((k < 6 ? 100 : 90) + gainstep); // 30 to 35 dB of sensitivity
             r[165 + k] = kinds[k];
         }
         r[10] = suppressedat(metre) ? 1 : 0;
