@@ -58,9 +58,20 @@ void letters(Station& st, const std::string& form, const std::array<const char*,
     st.controls.add(whole);
 }
 
+// What every curve window has: open while OPEN says so, the curve Picture1 with its read-out Label14
+// under the pointer's moves, the scale Picture2 with the values of its labels STEP apart.
+void curvewindow(Station& st, const std::string& form, bool Station::Curves::*open,
+                 Side::Readout Station::Curves::*which, void (*move)(Station&, double, double), int step) {
+    st.controls.addform({form, [open](const Station& st) { return st.curves.*open; },
+                         [open](Station& st) { st.curves.*open = false; }});
+    st.controls.add(canvas(form + ".Picture1", move));
+    st.controls.add(canvas(form + ".Picture2"));
+    st.controls.add(readout(form + ".Label14", which));
+    scalelabels(st, form, step);
+}
+
 void gainwindow(Station& st) {
-    st.controls.addform({"Form29", [](const Station& st) { return st.curves.Form29open; },
-                         [](Station& st) { st.curves.Form29open = false; }});
+    curvewindow(st, "Form29", &Station::Curves::Form29open, &Station::Curves::gainreadout, gainreadout, 10);
     letters(st, "Form29",
             {"Command1", "Command2", "Command4", "Command5", "Command6", "Command7", "Command9", "Command10",
              "Command11"},
@@ -73,15 +84,11 @@ void gainwindow(Station& st) {
         door.visible = [](const Station& st) { return !english(st); };
         st.controls.add(door);
     }
-    st.controls.add(canvas("Form29.Picture1", gainreadout));
-    st.controls.add(canvas("Form29.Picture2"));
-    st.controls.add(readout("Form29.Label14", &Station::Curves::gainreadout));
-    scalelabels(st, "Form29", 10);
 }
 
 void integralwindow(Station& st) {
-    st.controls.addform({"Form8", [](const Station& st) { return st.curves.Form8open; },
-                         [](Station& st) { st.curves.Form8open = false; }});
+    curvewindow(st, "Form8", &Station::Curves::Form8open, &Station::Curves::integralreadout, integralreadout,
+                50);
     // The letters stand in another order of names than in Form29.
     letters(st, "Form8",
             {"Command4", "Command5", "Command6", "Command7", "Command9", "Command10", "Command11", "Command1",
@@ -92,16 +99,11 @@ void integralwindow(Station& st) {
     text.textof = [](const Station& st) { return st.curves.Text1; };
     text.text = [](Station& st, const std::string& t) { st.curves.Text1 = t; };
     st.controls.add(text);
-    st.controls.add(canvas("Form8.Picture1", integralreadout));
-    st.controls.add(canvas("Form8.Picture2"));
     st.controls.add(canvas("Form8.Picture3"));
-    st.controls.add(readout("Form8.Label14", &Station::Curves::integralreadout));
-    scalelabels(st, "Form8", 50);
 }
 
 void speedwindow(Station& st) {
-    st.controls.addform({"Form9", [](const Station& st) { return st.curves.Form9open; },
-                         [](Station& st) { st.curves.Form9open = false; }});
+    curvewindow(st, "Form9", &Station::Curves::Form9open, &Station::Curves::speedreadout, speedreadout, 1);
     Control bar = control("Form9.HScrolljd", ControlKind::scrollbar);
     bar.value = [](const Station& st) { return st.curves.speedfirst; };
     bar.maximum = [](const Station& st) { return std::max(0, st.zhu.samplecount - 1); };
@@ -110,16 +112,12 @@ void speedwindow(Station& st) {
         speedpage(st);
     };
     st.controls.add(bar);
-    st.controls.add(canvas("Form9.Picture1", speedreadout));
-    st.controls.add(canvas("Form9.Picture2"));
-    st.controls.add(readout("Form9.Label14", &Station::Curves::speedreadout));
     for (const auto& [name, text] : {std::pair{"Form9.Label2", &Station::Curves::speedfrom},
                                      std::pair{"Form9.Label3", &Station::Curves::speedto}}) {
         Control label = control(name, ControlKind::label);
         label.textof = [text](const Station& st) { return st.curves.*text; };
         st.controls.add(label);
     }
-    scalelabels(st, "Form9", 1);
 }
 
 void replaylogwindow(Station& st) {
