@@ -370,6 +370,8 @@ TEST_F(CliDump, EveryControlOfTheTableCanBeReachedHeadless) {
     }
     // The alignment window's controls while it is open, then its close box.
     actions += " --do press:Command3 --do set:Formpk2.HScroll2:7 --do press:Formpk2.Cmdbc --do close:Formpk2";
+    // The gain curve and the replay log that their buttons opened, closed by their close boxes.
+    actions += " --do close:Form29 --do close:Form4";
     const CliRun r = cli("run " + path + " --seed 3 --answer 255 --answer 255" + actions);
     ASSERT_EQ(r.status, 0) << r.err;
     const QJsonObject state = stateof(r);
@@ -379,6 +381,45 @@ TEST_F(CliDump, EveryControlOfTheTableCanBeReachedHeadless) {
         if (orvane::ControlTable::formof(c.name) == "Form28" && c.kind != orvane::ControlKind::grid)
             EXPECT_TRUE(state["controls"].toObject().contains(QString::fromStdString(c.name))) << c.name;
     EXPECT_TRUE(state["grids"].toObject().contains("Grid1"));
+}
+
+TEST_F(CliDump, CurvesAndTheTrackDrawOnTheirCanvasesHeadless) {
+    ktrgen::Recording rec;
+    const std::string path = smallrecording(rec);
+    const std::string ops = temp.file("gain.json");
+    const CliRun r =
+        cli("run " + path +
+            " --do press:Command16 --do press:Form29.Command3 --do press:Lyycs --canvas Form29.Picture1 "
+            "--ops " +
+            ops);
+    ASSERT_EQ(r.status, 0) << r.err;
+    const QJsonObject state = stateof(r);
+    EXPECT_EQ(state["curveend"].toDouble(), rec.truth.lastposition);
+    EXPECT_EQ(state["curvemargin"].toDouble(), rec.truth.lastposition * 0.08);
+    const QJsonArray open = state["open"].toArray();
+    EXPECT_TRUE(open.contains("Form29"));
+    EXPECT_TRUE(open.contains("Form4"));
+    EXPECT_TRUE(state["controls"].toObject().contains("Form29.Label14"));
+    EXPECT_EQ(state["grids"].toObject()["Form4.Grid1ts"].toArray()[0].toArray()[0].toString(), "日期");
+    std::ifstream in(ops);
+    const std::string text((std::istreambuf_iterator<char>(in)), {});
+    const QJsonObject picture = QJsonDocument::fromJson(QByteArray::fromStdString(text)).object();
+    EXPECT_EQ(picture["scale"].toObject()["width"].toDouble(), rec.truth.lastposition * 1.08);
+    EXPECT_EQ(picture["scale"].toObject()["height"].toDouble(), 60);
+    int lines = 0;
+    for (const auto& op : picture["ops"].toArray()) lines += op.toObject()["op"].toString() == "line";
+    // Two lines a parameter record and channel.
+    EXPECT_EQ(lines, 2 * 9 * rec.truth.params);
+
+    const CliRun track = cli("run " + path + " --do press:Command22 --do tick:2 --canvas picturegj --png " +
+                             temp.file("track.png"));
+    ASSERT_EQ(track.status, 0) << track.err;
+    const QJsonObject t = stateof(track);
+    EXPECT_EQ(t["trackcount"].toInt(), rec.truth.gps);
+    EXPECT_EQ(t["trackx"].toArray().size(), rec.truth.gps);
+    EXPECT_TRUE(t["Timer1"].toBool());
+    EXPECT_TRUE(t["Shape6"].toObject()["visible"].toBool());
+    EXPECT_TRUE(std::filesystem::exists(temp.file("track.png")));
 }
 
 TEST_F(CliDump, RunOfARecordingWithoutSamplesSaysSoAndActsOnTheEmptyWindow) {
