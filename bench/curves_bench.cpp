@@ -1,15 +1,12 @@
 // Each curve and the track of the large synthetic recording drawn on recorded canvases, and the gain
 // curve painted as its window paints it.
-#include "app/startup.h"
 #include "curves/curves.h"
 #include "curves/track.h"
 #include "generator.h"
+#include "loadedstation.h"
 #include "render/rastercanvas.h"
 #include "reports/index.h"
 #include "station/recordingcanvas.h"
-#include "station/scriptedui.h"
-#include "station/station.h"
-#include "station/systemclock.h"
 
 #include <QGuiApplication>
 #include <benchmark/benchmark.h>
@@ -21,26 +18,22 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct Loaded {
-    orvane::ScriptedUi ui;
-    orvane::SystemClock clock{1};
-    orvane::RecordingCanvas picture1;
+const fs::path folder = fs::temp_directory_path() / "orvane-bench-curves";
+
+// The large recording, made once, with its curve canvases, the index loaded and the gain curve open.
+std::string largefile() {
+    fs::create_directories(folder);
+    const std::string path = (folder / "20261122_large.ktr").string();
+    if (!fs::exists(path)) ktrgen::writefile(path, ktrgen::generate(ktrgen::preset("large"), 1));
+    return path;
+}
+
+struct Loaded : LoadedStation {
     std::map<std::string, orvane::RecordingCanvas> canvases;
-    orvane::Station st;
-    Loaded() {
-        const fs::path folder = fs::temp_directory_path() / "orvane-bench-curves";
-        fs::create_directories(folder);
-        const std::string path = (folder / "20261122_large.ktr").string();
-        if (!fs::exists(path)) ktrgen::writefile(path, ktrgen::generate(ktrgen::preset("large"), 1));
-        st.ui = &ui;
-        st.clock = &clock;
-        st.picture1 = &picture1;
+    Loaded() : LoadedStation((folder / "station").string(), largefile()) {
         for (const char* name : {"Form29.Picture1", "Form29.Picture2", "Form8.Picture1", "Form8.Picture2",
                                  "Form8.Picture3", "Form9.Picture1", "Form9.Picture2", "picturegj"})
             st.canvases[name] = &canvases[name];
-        orvane::entry(st, (folder / "station").string(), "china");
-        orvane::windowload(st, path);
-        orvane::windowactivate(st);
         orvane::indexload(st);
         orvane::opengaincurve(st);
     }

@@ -1,7 +1,7 @@
 // The analysis index and the reports on the large synthetic recording (the daily report among them),
 // each with its .xlsx file written, and the quality summary of a supervisor's folder of 20 small recordings.
-#include "app/startup.h"
 #include "generator.h"
+#include "loadedstation.h"
 #include "reports/daily.h"
 #include "reports/index.h"
 #include "reports/markspeed.h"
@@ -9,9 +9,7 @@
 #include "reports/workbook.h"
 #include "reports/xlsx.h"
 #include "station/recordingcanvas.h"
-#include "station/scriptedui.h"
 #include "station/station.h"
-#include "station/systemclock.h"
 
 #include <benchmark/benchmark.h>
 #include <filesystem>
@@ -23,20 +21,8 @@ namespace fs = std::filesystem;
 
 const fs::path folder = fs::temp_directory_path() / "orvane-bench-report";
 
-// A station loaded as the window's first activation loads it.
-struct Loaded {
-    orvane::ScriptedUi ui;
-    orvane::SystemClock clock{1};
-    orvane::RecordingCanvas picture1;
-    orvane::Station st;
-    explicit Loaded(const std::string& path) {
-        st.ui = &ui;
-        st.clock = &clock;
-        st.picture1 = &picture1;
-        orvane::entry(st, (folder / "station").string(), "china");
-        orvane::windowload(st, path);
-        orvane::windowactivate(st);
-    }
+struct Loaded : LoadedStation {
+    explicit Loaded(const std::string& path) : LoadedStation((folder / "station").string(), path) {}
 };
 
 Loaded& large() {

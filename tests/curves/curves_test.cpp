@@ -71,6 +71,13 @@ class CurveTest : public testkit::IndexTest {
         s.gpspos.push_back(s.lastposition);
         s.gpstext.push_back("");
     }
+    // The integral curve of those values opened from the gain curve, the index loaded first.
+    void openintegral(const std::vector<int>& a) {
+        integral(a);
+        indexload(st);
+        press(st, "Command16");
+        press(st, "Form29.Command8");
+    }
     const std::vector<DrawOp>& ops(const std::string& name) { return canvases[name].ops; }
     std::vector<DrawOp> lines(const std::string& name) {
         std::vector<DrawOp> out;
@@ -185,10 +192,7 @@ TEST_F(CurveTest, FourIntegralPointsRefuseAndFiveSufficeOnceTheIndexIsLoaded) {
 }
 
 TEST_F(CurveTest, AZeroValueIsDrawnInTheCanvasColour) {
-    integral({100, 0, 0, 120, 50});
-    indexload(st);
-    press(st, "Command16");
-    press(st, "Form29.Command8");
+    openintegral({100, 0, 0, 120, 50});
     const auto l = lines("Form8.Picture1");
     // The base line, then a pair for each of rows 1 to 4.
     expectline(l[0], 0, 260, 10800, 260);
@@ -204,10 +208,7 @@ TEST_F(CurveTest, AZeroValueIsDrawnInTheCanvasColour) {
 }
 
 TEST_F(CurveTest, TheThresholdsOfBothTablesAndTheTwoMoreOfTarvik) {
-    integral({100, 100, 100, 100, 100});
-    indexload(st);
-    press(st, "Command16");
-    press(st, "Form29.Command8");
+    openintegral({100, 100, 100, 100, 100});
     auto thresholds = [this] {
         std::vector<double> ys;
         for (const DrawOp& op : lines("Form8.Picture1"))
@@ -231,10 +232,7 @@ TEST_F(CurveTest, TheThresholdsOfBothTablesAndTheTwoMoreOfTarvik) {
 }
 
 TEST_F(CurveTest, TheValueScaleOfTheIntegralCurve) {
-    integral({100, 100, 100, 100, 100});
-    indexload(st);
-    press(st, "Command16");
-    press(st, "Form29.Command8");
+    openintegral({100, 100, 100, 100, 100});
     const auto l = lines("Form8.Picture2");
     ASSERT_EQ(l.size(), 51u);
     expectline(l[0], 20, 255, 12, 255);
@@ -246,10 +244,7 @@ TEST_F(CurveTest, TheValueScaleOfTheIntegralCurve) {
 }
 
 TEST_F(CurveTest, SiftingListsOnlyValuesStrictlyBelowTheNumber) {
-    integral({100, 40, 50, 60, 30});
-    indexload(st);
-    press(st, "Command16");
-    press(st, "Form29.Command8");
+    openintegral({100, 40, 50, 60, 30});
     st.curves.Text1 = "";
     Workbook none = integralsift(st);
     ASSERT_EQ(none.sheets().size(), 9u);
