@@ -14,6 +14,7 @@ namespace orvane {
 struct Station;
 struct Side;
 class RecordingCanvas;
+struct PrintedPage;
 class ScriptedUi;
 class Workbook;
 } // namespace orvane
@@ -56,9 +57,9 @@ class ActionError : public std::invalid_argument {
 // close. False when it closed the main window, which ends the actions.
 bool runaction(Station& st, const std::string& action);
 // The messages shown and the state of the replay after the actions, with the cells asked for.
-// WORKBOOKS: the workbooks written under --workbooks, when it was given.
+// WORKBOOKS and PAGES: the workbooks and pages written under --workbooks and --pages, when given.
 std::string statejson(Station& st, const ScriptedUi& ui, const DumpRanges& ranges,
-                      const std::vector<std::string>* workbooks);
+                      const std::vector<std::string>* workbooks, const std::vector<std::string>* pages);
 
 // A workbook's model as JSON: sheets with names, cells, row fonts, column widths and borders.
 std::string workbookjson(const Workbook& book);
@@ -73,6 +74,34 @@ class FolderWorkbooks : public Workbooks {
     std::string folder;
     std::vector<std::string> paths;
 };
+
+// A printed page as JSON: its operations in twips, in the order made.
+std::string pagejson(const PrintedPage& page);
+// PAGE as the PDF file PDFPATH with its JSON beside it; the reason when it can't be written.
+std::optional<std::string> writepage(const PrintedPage& page, const std::string& pdfpath);
+
+// --pages DIR: every page printed during run as DIR/N.pdf and DIR/N.json. The notice's window
+// stays open until the actions close it.
+class FolderPrinter : public Printer {
+  public:
+    explicit FolderPrinter(std::string dir) : folder(std::move(dir)) {}
+    bool print(const PrintedPage& page) override;
+    std::string folder;
+    std::vector<std::string> paths;
+};
+
+// What the user sees, headless: the main picture as a bitmap of the window's size.
+class PictureScreen : public Screen {
+  public:
+    explicit PictureScreen(const RecordingCanvas& picture) : picture_(picture) {}
+    std::string windowbitmap() override;
+
+  private:
+    const RecordingCanvas& picture_;
+};
+
+// A Qt application for fonts and images, made once when first needed; no screen is used.
+void guiapplication();
 
 // orvane-cli report: KIND for each of FILES into FOLDER, JOBS files at once.
 struct ReportRequest {

@@ -8,6 +8,7 @@
 #include "replay/bofang.h"
 #include "replay/transport.h"
 #include "replay/viewmap.h"
+#include "reports/notice.h"
 #include "station/recordingcanvas.h"
 #include "station/scriptedui.h"
 #include "station/station.h"
@@ -40,7 +41,8 @@ constexpr const char* usage =
     "       orvane-cli clip FILE --from POSITION --to POSITION -o OUT.ktr\n"
     "       orvane-cli run FILE [--seed N] [--set NAME=VALUE]... [--answer TEXT]... "
     "[--do ACTION]... [--canvas NAME] [--png OUT] [--ops OUT] [--cells FROM:TO] [--cellsdb FROM:TO] "
-    "[--clock YYYYMMDD-hhmmss] [--workbooks DIR] [--variant BUILD:TARVIK]\n"
+    "[--clock YYYYMMDD-hhmmss] [--workbooks DIR] [--pages DIR] [--variant BUILD:TARVIK]\n"
+    "       orvane-cli notice FILE [--view N] [--kind 复核|反馈] [--set NAME=VALUE]... -o OUT.pdf\n"
     "       orvane-cli report quality|daily|markspeed|overview|integral|rawsamples FILE... [--speed N] "
     "[--variant BUILD:TARVIK] [--set NAME=VALUE]... [--view N] [--jobs N] -o DIR";
 
@@ -66,6 +68,8 @@ struct Arguments {
     std::optional<std::tm> clock;         // --clock: the station's clock stands there
     std::optional<std::int64_t> from, to; // clip: the two markers
     std::string workbooks;                // run: the folder of the workbooks handed over
+    std::string pages;                    // run: the folder of the printed pages
+    std::string kind = "复核";            // notice: its kind
     std::optional<std::string> variant;   // BUILD:TARVIK
     std::string speed = "3";              // report: the answer to the speed question
     int jobs = 1;                         // report: files at once
@@ -166,6 +170,14 @@ std::optional<std::string> parse(int argc, char** argv, Arguments& a) {
             auto v = next();
             if (!v || v->empty()) return "--workbooks needs a folder";
             a.workbooks = *v;
+        } else if (arg == "--pages") {
+            auto v = next();
+            if (!v || v->empty()) return "--pages needs a folder";
+            a.pages = *v;
+        } else if (arg == "--kind") {
+            auto v = next();
+            if (!v || (*v != "复核" && *v != "反馈")) return "--kind takes 复核 or 反馈";
+            a.kind = *v;
         } else if (arg == "--variant") {
             auto v = next();
             if (!v) return "--variant needs BUILD:TARVIK";
@@ -234,6 +246,34 @@ std::optional<int> applysets(orvane::Station& st, const Arguments& args) {
     return std::nullopt;
 }
 
+// The A-mode opened as a plain click at the picture's middle opens it.
+void openamodeatmiddle(orvane::Station& st) {
+    st.amodechannel = " ";
+    st.pointerx = 600;
+    st.clicky = 200;
+    orvane::openamode(st);
+}
+
+// The notice of the place at the view asked for, with the A-mode opened there, as OUT.pdf and
+// OUT.json; the station is loaded and its controls set by frame.
+int notice(orvane::Station& st, orvane::ScriptedUi& ui, const Arguments& args) {
+    orvane::Side& side = st.zhu;
+    side.viewindex = static_cast<std::int32_t>(
+        std::clamp<std::int64_t>(args.view, 600, std::max<std::int64_t>(600, std::ssize(side.viewmap))));
+    side.jobcursor = side.paramcursor = side.markcursor = side.samplecursor = 0;
+    orvane::bofang(st);
+    openamodeatmiddle(st);
+    st.noticekind = args.kind;
+    if (auto failure = orvane::cli::writepage(orvane::noticepage(st), args.output)) return failed(*failure);
+    orvane::cli::Json j;
+    j.beginobject().key("pages").beginarray().value(args.output).endarray();
+    j.key("messages").beginarray();
+    for (const std::string& m : ui.messages) j.value(m);
+    j.endarray().endobject();
+    std::cout << j.text() << "\n";
+    return 0;
+}
+
 // Loads the recording as the window's first activation does and sets the controls. frame puts the
 // view at the view index asked for and draws the picture once; run performs the actions and prints
 // the state they leave, also on a recording without samples, whose window refuses most acts.
@@ -260,14 +300,24 @@ int frame(orvane::Station& st, orvane::ScriptedUi& ui, const Arguments& args) {
     if (nodata && args.command != "run") return failed(file + ": " + orvane::nodatamessage);
     if (auto status = applysets(st, args)) return *status;
     std::string output;
+    orvane::cli::PictureScreen screen(picture1);
+    st.screen = &screen;
+    if (args.command == "notice") return notice(st, ui, args);
     if (args.command == "run") {
+        auto makefolder = [](const std::string& folder) {
+            std::error_code ec;
+            std::filesystem::create_directories(folder, ec);
+            return std::filesystem::is_directory(folder);
+        };
         std::optional<orvane::cli::FolderWorkbooks> workbooks;
         if (!args.workbooks.empty()) {
-            std::error_code ec;
-            std::filesystem::create_directories(args.workbooks, ec);
-            if (!std::filesystem::is_directory(args.workbooks))
-                return failed("cannot make the folder " + args.workbooks);
+            if (!makefolder(args.workbooks)) return failed("cannot make the folder " + args.workbooks);
             st.workbooks = &workbooks.emplace(args.workbooks);
+        }
+        std::optional<orvane::cli::FolderPrinter> printer;
+        if (!args.pages.empty()) {
+            if (!makefolder(args.pages)) return failed("cannot make the folder " + args.pages);
+            st.printer = &printer.emplace(args.pages);
         }
         if (!nodata) orvane::bofang(st);
         for (const std::string& action : args.actions) {
@@ -279,7 +329,8 @@ int frame(orvane::Station& st, orvane::ScriptedUi& ui, const Arguments& args) {
                 return failed(e.what());
             }
         }
-        output = orvane::cli::statejson(st, ui, args.ranges, workbooks ? &workbooks->paths : nullptr);
+        output = orvane::cli::statejson(st, ui, args.ranges, workbooks ? &workbooks->paths : nullptr,
+                                        printer ? &printer->paths : nullptr);
     } else {
         orvane::Side& side = st.zhu;
         side.viewindex = static_cast<std::int32_t>(
@@ -293,12 +344,7 @@ int frame(orvane::Station& st, orvane::ScriptedUi& ui, const Arguments& args) {
         if (int status = writeoutput(out, orvane::cli::opsjson(canvas))) return status;
     }
     if (!args.png.empty()) {
-        // Text needs the fonts of a GUI application; no screen is needed for an image.
-        if (!std::getenv("QT_QPA_PLATFORM")) setenv("QT_QPA_PLATFORM", "offscreen", 1);
-        int argc = 1;
-        char name[] = "orvane-cli";
-        char* argv[] = {name, nullptr};
-        QGuiApplication app(argc, argv);
+        orvane::cli::guiapplication();
         // A curve is painted at the size its window shows it; the big track at the big size.
         auto [width, height] =
             curvepixels.contains(args.canvas) ? curvepixels.at(args.canvas) : std::pair{0, 0};
@@ -375,13 +421,7 @@ int report(const Arguments& args) {
         side.viewindex = static_cast<std::int32_t>(
             std::clamp<std::int64_t>(args.view, 600, std::max<std::int64_t>(600, std::ssize(side.viewmap))));
         orvane::bofang(st);
-        if (args.positional[0] == "rawsamples") {
-            // The A-mode opened as a plain click at the picture's middle opens it.
-            st.amodechannel = " ";
-            st.pointerx = 600;
-            st.clicky = 200;
-            orvane::openamode(st);
-        }
+        if (args.positional[0] == "rawsamples") openamodeatmiddle(st);
         return std::nullopt;
     };
     return orvane::cli::report(request, prepare);
@@ -393,7 +433,8 @@ int main(int argc, char** argv) {
     Arguments args;
     if (auto error = parse(argc, argv, args)) return badarguments(*error);
     if (args.command != "settings" && args.command != "dump" && args.command != "frame" &&
-        args.command != "run" && args.command != "clip" && args.command != "report")
+        args.command != "run" && args.command != "clip" && args.command != "report" &&
+        args.command != "notice")
         return badarguments("unknown command " + args.command);
     if (args.command == "report") {
         static const char* kinds[] = {"quality", "daily", "markspeed", "overview", "integral", "rawsamples"};
@@ -414,6 +455,8 @@ int main(int argc, char** argv) {
     }
     if ((args.command == "frame" || args.command == "run") && args.positional.size() != 1)
         return badarguments(args.command + " takes one file");
+    if (args.command == "notice" && (args.positional.size() != 1 || args.output.empty()))
+        return badarguments("notice takes one file and -o OUT.pdf");
     if (args.command == "frame" && args.png.empty() == args.ops.empty())
         return badarguments("frame writes either --png OUT or --ops OUT");
     if (args.command == "settings" && !args.positional.empty()) return badarguments("settings takes no file");
@@ -434,7 +477,8 @@ int main(int argc, char** argv) {
     if (auto failure = startstation(st, args)) return failed(*failure);
 
     try {
-        if (args.command == "frame" || args.command == "run") return frame(st, ui, args);
+        if (args.command == "frame" || args.command == "run" || args.command == "notice")
+            return frame(st, ui, args);
         if (args.command == "clip") return clip(st, ui, args);
         if (args.command == "dump") {
             const std::string& file = args.positional[0];

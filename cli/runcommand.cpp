@@ -163,7 +163,7 @@ void controlsstate(Json& j, const Station& st) {
 } // namespace
 
 std::string statejson(Station& st, const ScriptedUi& ui, const DumpRanges& ranges,
-                      const std::vector<std::string>* workbooks) {
+                      const std::vector<std::string>* workbooks, const std::vector<std::string>* pages) {
     Json j;
     j.beginobject();
     j.key("messages").beginarray();
@@ -175,6 +175,11 @@ std::string statejson(Station& st, const ScriptedUi& ui, const DumpRanges& range
     if (workbooks) {
         j.key("workbooks").beginarray();
         for (const auto& path : *workbooks) j.value(path);
+        j.endarray();
+    }
+    if (pages) {
+        j.key("pages").beginarray();
+        for (const auto& path : *pages) j.value(path);
         j.endarray();
     }
     j.key("state").beginobject();
@@ -285,6 +290,13 @@ std::string statejson(Station& st, const ScriptedUi& ui, const DumpRanges& range
     j.endobject();
     j.key("labels").beginobject();
     for (const auto& [name, text] : st.form.labels) j.key(name).value(text);
+    j.endobject();
+    // The pictures going out: the notice's kind and the colours in force in memory, which a white
+    // print changes until Label33.
+    j.key("noticekind").value(st.noticekind);
+    j.key("colors").beginobject();
+    for (std::size_t i = 0; i < colorkeys.size(); ++i)
+        j.key(colorkeys[i]).value(static_cast<std::int64_t>(st.settings.colorset[i]));
     j.endobject();
     controlsstate(j, st);
     j.endobject();

@@ -46,9 +46,16 @@ void drawecho(Canvas& c, int k, std::int32_t x) {
 
 void openallchannels(Station& st) {
     st.amodeside = "zhu"; // the view of all channels exists for the main side only
-    Side& side = st.zhu;
-    opencursor(st, side, false);
+    opencursor(st, st.zhu, false);
     st.form.captions["Labelaxxs"] = " A型显示";
+    allchannelbackground(st);
+    if (st.picture3) st.picture3->clear();
+    st.T2 = true;
+    st.allchannelview = -1;
+}
+
+void allchannelbackground(Station& st) {
+    Side& side = st.zhu;
     Canvas* c = st.picture3;
     if (c) {
         c->scale(620, 0, 430);
@@ -68,22 +75,21 @@ void openallchannels(Station& st) {
             }
         }
     }
-    if (c) {
-        c->storebackground();
-        c->clear();
-    }
-    st.T2 = true;
-    st.allchannelview = -1;
+    if (c) c->storebackground();
 }
 
 void allchanneltick(Station& st) {
+    drawallchannels(st, true);
+}
+
+void drawallchannels(Station& st, bool tick) {
     Side& side = st.zhu;
     Canvas* c = st.picture3;
     if (c) c->clear();
     if (st.scrollheld != 0) {
         st.T2 = false;
         st.form.captions["Command12"] = st.language == "english" ? "Play" : "连续播放";
-    } else {
+    } else if (tick) {
         ++st.amodecolumn;
     }
     pastlast(st);

@@ -146,12 +146,28 @@ void openamode(Station& st) {
     st.T2 = true;
     st.T2interval = amodeinterval(st.amodespeed);
     st.allchannelview = 0;
+    plainbackground(st);
+    if (Canvas* c = st.picture3) {
+        c->clear();
+        c->forecolor = st.settings.channelcolor[k];
+    }
+}
+
+void plainbackground(Station& st) {
     if (Canvas* c = st.picture3) {
         c->scale(620, 0, 430);
         c->beginbackground(st.settings.color("bxianbackcolor"));
         c->storebackground();
-        c->clear();
-        c->forecolor = st.settings.channelcolor[k];
+    }
+}
+
+void redrawamode(Station& st) {
+    if (st.allchannelview == -1) {
+        allchannelbackground(st);
+        drawallchannels(st, false);
+    } else {
+        plainbackground(st);
+        drawamodeframe(st, false);
     }
 }
 

@@ -59,6 +59,16 @@ void closeamode(Station& st);
 // The view of all channels: its background once, then one echo a channel each tick.
 void openallchannels(Station& st);
 void allchanneltick(Station& st);
+// The background of one channel: plain in bxianbackcolor, kept (each frame draws its dot grid).
+void plainbackground(Station& st);
+// The background of all channels with the colours in force: the dot grid, the gate rows, kept.
+void allchannelbackground(Station& st);
+// One frame of all channels; TICK when the timer draws it (the column moves on).
+void drawallchannels(Station& st, bool tick);
+
+// The picture of the A-mode in force anew with the colours in force, its background and one frame
+// that doesn't move the column: what a print shows.
+void redrawamode(Station& st);
 
 // The index 0..8 of a channel letter "A".."I"; 8 for anything else.
 int channelindex(const std::string& letter);

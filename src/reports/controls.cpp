@@ -3,6 +3,8 @@
 #include "processing/session.h"
 #include "reports/index.h"
 #include "reports/markspeed.h"
+#include "reports/notice.h"
+#include "reports/printout.h"
 #include "reports/quality.h"
 #include "reports/rawsamples.h"
 #include "station/station.h"
@@ -81,6 +83,62 @@ void registerreportbuttons(Station& st) {
         raw->click = [](Station& st, const std::string&) { pressrawsamples(st); };
 }
 
+// A button that a press of either mouse button acts on, telling which one it was.
+Control pressbutton(const std::string& name, const std::string& caption,
+                    void (*act)(Station&, const std::string& button)) {
+    Control c = control(name, ControlKind::button, caption);
+    c.enabled = recordingloaded;
+    c.click = act;
+    c.mouse = [act](Station& st, const MouseAct& mouse) {
+        if (mouse.kind == "down") act(st, mouse.button);
+    };
+    return c;
+}
+
+// A menu entry of the picture's popup.
+Control menuentry(const std::string& name, const std::string& caption, void (*act)(Station&)) {
+    Control c = control(name, ControlKind::menuentry, caption);
+    c.enabled = recordingloaded;
+    c.click = [act](Station& st, const std::string&) { act(st); };
+    return c;
+}
+
+// The notice, the print panel and the pictures going out.
+void registerprinting(Station& st) {
+    st.controls.add(pressbutton("Commanddydy", "打印", pressnotice));
+    st.controls.add(pressbutton("Command15", "打  印", printpicture));
+    st.controls.addform({"Form25", [](const Station& st) { return st.Form25open; }, closenotice});
+    Control panel = control("Frame5", ControlKind::label);
+    panel.visible = [](const Station& st) { return st.Frame5visible; };
+    st.controls.add(panel);
+    Control close = control("Label33", ControlKind::label, "关闭");
+    close.visible = panel.visible;
+    close.click = [](Station& st, const std::string&) { closeprintpanel(st); };
+    st.controls.add(close);
+    Control hide = control("Label43", ControlKind::label, "关闭");
+    hide.visible = panel.visible;
+    hide.click = [](Station& st, const std::string&) { st.Frame5visible = false; };
+    st.controls.add(hide);
+    Control closeindex = control("Label41", ControlKind::label, "关闭");
+    closeindex.visible = [](const Station& st) { return st.form.Frame3visible; };
+    closeindex.click = [](Station& st, const std::string&) { st.form.Frame3visible = false; };
+    st.controls.add(closeindex);
+
+    st.controls.add(menuentry("adytx", "打印图形", printshown));
+    st.controls.add(menuentry("abctx", "保存图形", savewindowpicture));
+    st.controls.add(menuentry("ajt", "截图", [](Station& st) { capturescreen(st, st.zhu); }));
+    Control comparison = menuentry("qjtdb", "截图", [](Station& st) { capturescreen(st, st.cong); });
+    comparison.visible = comparisonshown;
+    st.controls.add(comparison);
+    // The settings of the reverse marks stand on the settings tab of the side panel.
+    st.controls.add(actionbutton("Command31", "倒车显示设置", [](Station& st) {
+        st.form.Frame3visible = true;
+        st.form.SSTab1 = 4;
+    }));
+    Control reverse = menuentry("dcxssz", "倒车显示设置", [](Station& st) { press(st, "Command31"); });
+    st.controls.add(reverse);
+}
+
 } // namespace
 
 void registerreports(Station& st) {
@@ -94,6 +152,7 @@ void registerreports(Station& st) {
     st.controls.add(search);
     registerindex(st);
     registerreportbuttons(st);
+    registerprinting(st);
 }
 
 } // namespace orvane

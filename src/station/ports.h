@@ -70,11 +70,22 @@ class Workbooks {
     virtual void show(const Workbook& book, const std::string& report) = 0;
 };
 
-// One page of the notice, as a picture file of the page.
+struct PrintedPage;
+
+// The printed page of the notice: the program shows it in its print preview, the headless front and
+// the tests write it as a file. True when the preview window was closed before the call returns.
 class Printer {
   public:
     virtual ~Printer() = default;
-    virtual void printpage(const std::string& pagepicture) = 0;
+    virtual bool print(const PrintedPage& page) = 0;
+};
+
+// What the user sees: the program grabs its window, the headless front draws the main picture.
+class Screen {
+  public:
+    virtual ~Screen() = default;
+    // The picture as the bytes of a BMP file; empty when there is nothing to grab.
+    virtual std::string windowbitmap() = 0;
 };
 
 } // namespace orvane

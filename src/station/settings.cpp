@@ -13,6 +13,14 @@ std::uint32_t Settings::color(const std::string& key) const {
     return i < colorset.size() ? colorset[i] : 0;
 }
 
+void Settings::setcolor(const std::string& key, std::uint32_t value) {
+    const std::size_t i = colorindex(key);
+    if (i >= colorset.size()) return;
+    colorset[i] = value;
+    const std::size_t channel = i - colorindex("acolor");
+    if (channel < channelcolor.size()) channelcolor[channel] = value;
+}
+
 std::int16_t* Settings::field(const std::string& key, const std::string& name) {
     if (key == "bofsd" && name == "shuzhi") return &bofsd;
     if (key == "diandx" && name == "shuzhi") return &diandx;

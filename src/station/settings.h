@@ -40,6 +40,8 @@ struct Settings {
     std::array<std::array<std::string, 2>, 38> biaojikcpair{}; // row 0 stays empty
 
     std::uint32_t color(const std::string& key) const;
+    // The colour KEY in memory only (a channel's colour also in channelcolor); the table keeps its own.
+    void setcolor(const std::string& key, std::uint32_t value);
     // The setting in memory that a row and field of color feed; nullptr for one that none feeds.
     std::int16_t* field(const std::string& key, const std::string& field);
     const std::int16_t* field(const std::string& key, const std::string& name) const {

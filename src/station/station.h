@@ -12,6 +12,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -399,6 +400,17 @@ struct Station {
     bool Form10open = false;
     double magnifierfactor = 1.5;
     std::string Form10caption = "放大镜";
+    // The pictures going out. noticekind names the notice ("复核" or "反馈"); the print panel Frame5 and
+    // the notice Form25 stand open between a print and Label33; the colours and timers in force before
+    // a print are kept until Label33 gives them back (nothing is kept before the first print).
+    std::string noticekind;
+    bool Frame5visible = false;
+    bool Form25open = false;
+    struct SavedColors {
+        std::uint32_t back = 0, grid = 0, channel8 = 0;
+    };
+    std::optional<SavedColors> savedcolors;
+    std::optional<std::pair<bool, bool>> savedtimers; // T1, T2
     // Label10, the result of a measurement, and the seek controls it stands over.
     bool Label10visible = false;
     bool seekshown = true; // Label20 and Text1
@@ -436,6 +448,8 @@ struct Station {
     std::map<std::string, Canvas*> canvases;
     Clock* clock = nullptr;
     Workbooks* workbooks = nullptr; // none: a report is made and handed to nobody
+    Printer* printer = nullptr;     // none: a notice is made and printed nowhere
+    Screen* screen = nullptr;       // none: nothing of the screen can be saved
 
     // How many processes run this program; the second-instance check asks it.
     std::function<int()> countinstances;
@@ -448,6 +462,7 @@ struct Station {
         std::function<void(Station&, Side&)> bofang;     // a side drawn anew at its view
         std::function<void(Station&)> redrawrail;        // scale and rail anew for a new rail code
         std::function<void(Station&)> zoom;              // the enlarged view anew while it shows
+        std::function<void(Station&)> capture;           // the capture window over the screen, modal
     } hooks;
 };
 

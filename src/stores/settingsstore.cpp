@@ -118,12 +118,9 @@ void writesetting(Station& st, const std::string& key, const std::string& field,
 }
 
 void setcolor(Station& st, const std::string& key, std::uint32_t value) {
-    const std::size_t i = colorindex(key);
-    if (i >= colorkeys.size()) return;
+    if (colorindex(key) >= colorkeys.size()) return;
     writesetting(st, key, "shuzhi", std::to_string(value));
-    st.settings.colorset[i] = value;
-    const std::size_t channel = i - colorindex("acolor");
-    if (channel < 9) st.settings.channelcolor[channel] = value;
+    st.settings.setcolor(key, value);
 }
 
 bool choosecolor(Station& st, const std::string& key) {
