@@ -43,7 +43,8 @@ std::string pagejson(const PrintedPage& page) {
             j.key("x2").value(op.x2).key("y2").value(op.y2);
             break;
         case PageOp::Kind::picture:
-            j.key("op").value("picture").key("source").value(op.source).key("x").value(op.x).key("y").value(op.y);
+            j.key("op").value("picture").key("source").value(op.source).key("x").value(op.x).key("y").value(
+                op.y);
             j.key("width").value(op.width).key("height").value(op.height);
             break;
         case PageOp::Kind::table:

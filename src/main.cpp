@@ -1,6 +1,7 @@
 // orvane: the replay and analysis station, started with the path of one recording.
 #include "app/dialogwindow.h"
 #include "app/form28window.h"
+#include "app/printwindow.h"
 #include "app/startup.h"
 #include "station/station.h"
 #include "station/systemclock.h"
@@ -45,6 +46,10 @@ int main(int argc, char** argv) {
     orvane::Form28Window window(st, ui);
     orvane::DesktopWorkbooks workbooks(st, &window);
     st.workbooks = &workbooks;
+    orvane::PreviewPrinter printer(ui, &window, orvane::english(st));
+    st.printer = &printer;
+    orvane::WindowScreen screen(&window);
+    st.screen = &screen;
     window.show();
     int status = app.exec();
     return st.process.exitstatus ? st.process.exitstatus : status;

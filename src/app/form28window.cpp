@@ -119,7 +119,8 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
     zoom->addWidget(picture9_, 1);
     enlargement_->hide();
     popup_ = named(new QMenu(this), "a13");
-    for (const char* name : {"aqd", "azd", "qcqzd", "axjd", "ax70", "asz", "bjdcz", "azyqx", "gpsqx"})
+    for (const char* name : {"aqd", "azd", "qcqzd", "axjd", "ax70", "asz", "bjdcz", "azyqx", "gpsqx",
+                             "dcxssz", "adytx", "abctx", "ajt"})
         popup_->addAction(caption(name))->setObjectName(name);
     popup_->findChild<QAction*>("ax70")->setCheckable(true);
     popup_->addAction(caption("acc"))->setObjectName("acc");
@@ -131,7 +132,8 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
     }
     // The same menu on the comparison's picture sets the markers of that side.
     popupdb_ = new QMenu(this);
-    for (const char* name : {"aqddb", "azddb"}) popupdb_->addAction(caption(name))->setObjectName(name);
+    for (const char* name : {"aqddb", "azddb", "qjtdb"})
+        popupdb_->addAction(caption(name))->setObjectName(name);
 
     // The transport under the picture: direction, hand steps, play, the position bar and its speed.
     auto* transport = new QHBoxLayout();
@@ -463,6 +465,7 @@ QWidget* Form28Window::settingscolumn(QWidget* parent) {
     noterow->addWidget(named(new QScrollBar(Qt::Horizontal, note), "HScroll2"), 1, 0);
     noterow->addWidget(named(new QScrollBar(Qt::Horizontal, note), "VScroll1"), 1, 1);
     box->addWidget(note);
+    box->addWidget(printgroup(column));
     // The bars of the dot size, the hand step and the length of a reportable bottom-echo loss.
     for (const auto& [name, caption] :
          {std::pair{"HScroll7", "点大小设置"}, std::pair{"HScroll3", "手动步进值"},
@@ -473,6 +476,31 @@ QWidget* Form28Window::settingscolumn(QWidget* parent) {
     box->addStretch(1);
     column->setMaximumWidth(330);
     return column;
+}
+
+// The notice: its fields, the two print buttons (the right button prints the other kind), and the
+// print panel Frame5 while a print stands.
+QWidget* Form28Window::printgroup(QWidget* parent) {
+    auto* group = new QGroupBox("打印通知单", parent);
+    auto* grid = new QGridLayout(group);
+    int row = 0;
+    for (const auto& [title, name] : {std::pair{"工务段", "Tgwd"}, {"线别", "Txb"}, {"分析日", "Textdyrq"}}) {
+        grid->addWidget(new QLabel(title, group), row, 0);
+        grid->addWidget(named(new QLineEdit(group), name), row++, 1);
+    }
+    auto* notice = named(new QPushButton(caption("Commanddydy"), group), "Commanddydy");
+    notice->setToolTip("左键打印复核通知单,右键打印反馈通知单");
+    auto* picture = named(new QPushButton(caption("Command15"), group), "Command15");
+    picture->setToolTip("左键打印当前图像，右键打印白色背景（节省墨水）");
+    for (QPushButton* b : {notice, picture}) b->installEventFilter(this);
+    grid->addWidget(notice, row, 0);
+    grid->addWidget(picture, row++, 1);
+    auto* panel = named(new QFrame(group), "Frame5");
+    auto* panelrow = new QHBoxLayout(panel);
+    panelrow->addWidget(new QLabel("正在打印", panel));
+    panelrow->addWidget(named(new QLabel(panel), "Label33"));
+    grid->addWidget(panel, row, 0, 1, 2);
+    return group;
 }
 
 QPushButton* Form28Window::button(const char* name) {
@@ -748,6 +776,14 @@ bool Form28Window::eventFilter(QObject* watched, QEvent* event) {
     if (watched->objectName() == "Command21" && type == QEvent::MouseButtonRelease &&
         static_cast<QMouseEvent*>(event)->button() == Qt::RightButton)
         act([this] { mouse(st_, "Command21", {"up", "right", 0, 0}); });
+    // The print buttons take the right button too, which a push button's click never reports.
+    const QString name = watched->objectName();
+    if ((name == "Commanddydy" || name == "Command15") && type == QEvent::MouseButtonPress &&
+        static_cast<QMouseEvent*>(event)->button() == Qt::RightButton) {
+        const std::string control = name.toStdString();
+        act([this, control] { mouse(st_, control, {"down", "right", 0, 0}); });
+        return true;
+    }
     if (watched == picture5_ && (type == QEvent::MouseButtonPress || type == QEvent::MouseMove ||
                                  type == QEvent::MouseButtonRelease)) {
         auto* mouse = static_cast<QMouseEvent*>(event);

@@ -60,6 +60,7 @@ class Form28Window : public QMainWindow {
     // Runs one act of the user through the logic, then shows what it left; a refused act is a message.
     void act(const std::function<void()>& handler);
     QPushButton* button(const char* name);
+    QWidget* printgroup(QWidget* parent);
     QString caption(const char* name) const;
     QWidget* settingscolumn(QWidget* parent);
     QWidget* sidepanel(QWidget* parent);

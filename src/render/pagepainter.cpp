@@ -36,17 +36,18 @@ class PainterCanvas : public Canvas {
     void clear() override {
         painter_.fillRect(QRectF(0, 0, width_, height_), qcolorof(source_.backgroundcolor));
         // The background's operations leave the pen and the scale of the picture as they were.
-        const auto keep = std::tuple{forecolor, drawwidth, drawstyle, fontsize, fontbold,  currentx,
-                                     currenty,  scalewidth, scaletop, scaleheight};
+        const auto keep = std::tuple{forecolor, drawwidth, drawstyle,  fontsize, fontbold,
+                                     currentx,  currenty,  scalewidth, scaletop, scaleheight};
         replayops(source_.background, *this);
-        std::tie(forecolor, drawwidth, drawstyle, fontsize, fontbold, currentx, currenty, scalewidth, scaletop,
-                 scaleheight) = keep;
+        std::tie(forecolor, drawwidth, drawstyle, fontsize, fontbold, currentx, currenty, scalewidth,
+                 scaletop, scaleheight) = keep;
     }
     void pset(double x, double y) override {
         const QPointF p = topixel(x, y);
         const int size = std::max(1, drawwidth);
-        painter_.fillRect(QRectF(std::floor(p.x()) - (size - 1) / 2, std::floor(p.y()) - (size - 1) / 2, size, size),
-                          qcolorof(forecolor));
+        painter_.fillRect(
+            QRectF(std::floor(p.x()) - (size - 1) / 2, std::floor(p.y()) - (size - 1) / 2, size, size),
+            qcolorof(forecolor));
         currentx = x;
         currenty = y;
     }
@@ -64,7 +65,8 @@ class PainterCanvas : public Canvas {
     void print(const std::string& text) override {
         // The window's canvas writes its points at 96 pixels an inch; tenths of a pixel keep the size.
         QFont font(QStringLiteral("WenQuanYi Micro Hei"));
-        font.setPixelSize(std::max(1, static_cast<int>(std::lround((fontsize > 0 ? fontsize : 9) * 96 / 72 * 10))));
+        font.setPixelSize(
+            std::max(1, static_cast<int>(std::lround((fontsize > 0 ? fontsize : 9) * 96 / 72 * 10))));
         font.setBold(fontbold);
         painter_.save();
         painter_.translate(topixel(currentx, currenty));
@@ -94,8 +96,8 @@ void painttext(QPainter& painter, const PageOp& op) {
     font.setPixelSize(std::max(1, static_cast<int>(std::lround(op.size * 20)))); // a point is 20 twips
     painter.setFont(font);
     painter.setPen(Qt::black);
-    painter.drawText(QRectF(op.x, op.y, 100000, op.size * 40), Qt::AlignLeft | Qt::AlignTop | Qt::TextDontClip,
-                     QString::fromStdString(op.text));
+    painter.drawText(QRectF(op.x, op.y, 100000, op.size * 40),
+                     Qt::AlignLeft | Qt::AlignTop | Qt::TextDontClip, QString::fromStdString(op.text));
 }
 
 void paintpicture(QPainter& painter, const PageOp& op) {

@@ -60,7 +60,7 @@ std::string orblanks(const std::string& text) {
 
 // The width of one character in ems of the page's font, the widest its family has for such a one.
 double emsof(char32_t c) {
-    if (c >= 0x2E80) return 1;                   // Chinese, full-width forms
+    if (c >= 0x2E80) return 1; // Chinese, full-width forms
     if (c >= '0' && c <= '9') return 0.556;
     if (c == ' ' || c == '.' || c == ',' || c == ':' || c == ';' || c == '\'' || c == '|') return 0.278;
     if (c >= 'a' && c <= 'z') return c == 'm' || c == 'w' ? 0.833 : 0.556;
@@ -79,13 +79,14 @@ void printtable(PrintLayer& p, const Table& list) {
     for (std::size_t c = 0; c < columns; ++c)
         p.columnwidth(static_cast<int>(c), total > 0 ? widths[c] / total * tablewidth : tablewidth / columns);
     for (std::size_t r = 0; r < list.size(); ++r)
-        for (std::size_t c = 0; c < list[r].size(); ++c) p.cell(static_cast<int>(r), static_cast<int>(c), list[r][c]);
+        for (std::size_t c = 0; c < list[r].size(); ++c)
+            p.cell(static_cast<int>(r), static_cast<int>(c), list[r][c]);
     p.endtable();
 }
 
 // A picture and the four lines along its edges.
-void framedpicture(PrintLayer& p, const std::string& source, const RecordingCanvas& canvas, const double* pixels,
-                   double x, double y, double width, double height) {
+void framedpicture(PrintLayer& p, const std::string& source, const RecordingCanvas& canvas,
+                   const double* pixels, double x, double y, double width, double height) {
     element([&] { p.picture(source, &canvas, pixels[0], pixels[1], x, y, width, height); });
     element([&] { p.line(x, y, x + width, y); });
     element([&] { p.line(x + width, y, x + width, y + height); });
@@ -131,9 +132,11 @@ PrintedPage noticepage(Station& st) {
         background(st);
         drawdefectnote(st);
     });
-    const RecordingCanvas amode = snapshot(st.picture3, [&] {
+    RecordingCanvas amode = snapshot(st.picture3, [&] {
         if (amodeshown(st)) redrawamode(st);
     });
+    // Before any A-mode the box stays empty on the paper.
+    if (!amodeshown(st)) amode.backgroundcolor = rgb(255, 255, 255);
 
     PrintLayer p;
     p.startdoc();

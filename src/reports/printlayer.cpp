@@ -71,7 +71,8 @@ void PrintLayer::tablesize(int columns, int rows) {
     if (!intable_) throw PrintError("表格尚未开始");
     if (columns < 0 || rows < 0) throw PrintError("表格大小有误");
     table_.widths.assign(static_cast<std::size_t>(columns), 0);
-    table_.rows.assign(static_cast<std::size_t>(rows), std::vector<std::string>(static_cast<std::size_t>(columns)));
+    table_.rows.assign(static_cast<std::size_t>(rows),
+                       std::vector<std::string>(static_cast<std::size_t>(columns)));
 }
 
 void PrintLayer::rowheight(double height) {

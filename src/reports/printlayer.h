@@ -31,8 +31,8 @@ class PrintLayer {
     void line(double x1, double y1, double x2, double y2);
     // The picture SOURCE: the operations of CANVAS drawn into the box, the canvas being PIXELWIDTH by
     // PIXELHEIGHT pixels on the screen. A missing canvas throws.
-    void picture(const std::string& source, const RecordingCanvas* canvas, double pixelwidth, double pixelheight,
-                 double x, double y, double width, double height);
+    void picture(const std::string& source, const RecordingCanvas* canvas, double pixelwidth,
+                 double pixelheight, double x, double y, double width, double height);
     // A table at the current place: its size, the row height, each column's width and each cell, then
     // its end, which moves the current place below it.
     void starttable();

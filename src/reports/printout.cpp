@@ -51,8 +51,8 @@ void printpicture(Station& st, const std::string& button) {
     st.T1 = st.T2 = false;
     const bool right = button == "right";
     if (right && st.settings.color("bxianbackcolor") == white) return;
-    st.savedcolors = Station::SavedColors{st.settings.color("bxianbackcolor"), st.settings.color("biaochicolor"),
-                                          st.settings.channelcolor[8]};
+    st.savedcolors = Station::SavedColors{st.settings.color("bxianbackcolor"),
+                                          st.settings.color("biaochicolor"), st.settings.channelcolor[8]};
     if (!english(st) && right) {
         st.settings.setcolor("bxianbackcolor", white);
         st.settings.setcolor("biaochicolor", black);
