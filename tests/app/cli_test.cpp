@@ -1,4 +1,5 @@
 // The headless front, run as a user runs it.
+#include "clirun.h"
 #include "generator.h"
 #include "ktrbuilder.h"
 #include "stationfixture.h"
@@ -15,28 +16,11 @@
 
 namespace {
 
-struct CliRun {
-    int status = -1;
-    std::string out;
-    std::string err; // what it said on standard error
-};
+using orvane::testkit::CliRun;
 
 class Cli : public orvane::testkit::StationTest {
   protected:
-    CliRun cli(const std::string& arguments) {
-        std::string command =
-            "ORVANE_HOME='" + home + "' " ORVANE_CLI " " + arguments + " 2>" + temp.file("err");
-        CliRun r;
-        FILE* pipe = popen(command.c_str(), "r");
-        std::array<char, 4096> buf{};
-        std::size_t n;
-        while ((n = fread(buf.data(), 1, buf.size(), pipe)) > 0) r.out.append(buf.data(), n);
-        int status = pclose(pipe);
-        r.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-        std::ifstream err(temp.file("err"));
-        r.err.assign(std::istreambuf_iterator<char>(err), std::istreambuf_iterator<char>());
-        return r;
-    }
+    CliRun cli(const std::string& arguments) { return orvane::testkit::runcli(home, temp.file("err"), arguments); }
 };
 
 TEST_F(Cli, SettingsPrintsTheRowsAsStoredAfterTheStart) {
@@ -372,6 +356,8 @@ TEST_F(CliDump, EveryControlOfTheTableCanBeReachedHeadless) {
     actions += " --do press:Command3 --do set:Formpk2.HScroll2:7 --do press:Formpk2.Cmdbc --do close:Formpk2";
     // The gain curve and the replay log that their buttons opened, closed by their close boxes.
     actions += " --do close:Form29 --do close:Form4";
+    // The notice that the print buttons opened.
+    actions += " --do close:Form25";
     const CliRun r = cli("run " + path + " --seed 3 --answer 255 --answer 255" + actions);
     ASSERT_EQ(r.status, 0) << r.err;
     const QJsonObject state = stateof(r);

@@ -1,4 +1,5 @@
 // orvane-cli report over a folder of recordings, and the workbooks that run hands over.
+#include "clirun.h"
 #include "generator.h"
 #include "reports/xlsx.h"
 #include "stationfixture.h"
@@ -26,19 +27,8 @@ class CliReport : public orvane::testkit::StationTest {
         std::string err;
     };
     Run cli(const std::string& arguments) {
-        const std::string command =
-            "ORVANE_HOME='" + home + "' " ORVANE_CLI " " + arguments + " 2>" + temp.file("err");
-        std::string text;
-        FILE* pipe = popen(command.c_str(), "r");
-        std::array<char, 4096> buf{};
-        for (std::size_t n; (n = fread(buf.data(), 1, buf.size(), pipe)) > 0;) text.append(buf.data(), n);
-        const int status = pclose(pipe);
-        Run r;
-        r.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-        r.out = QJsonDocument::fromJson(QByteArray::fromStdString(text)).object();
-        std::ifstream err(temp.file("err"));
-        r.err.assign(std::istreambuf_iterator<char>(err), {});
-        return r;
+        const orvane::testkit::CliRun run = orvane::testkit::runcli(home, temp.file("err"), arguments);
+        return {run.status, QJsonDocument::fromJson(QByteArray::fromStdString(run.out)).object(), run.err};
     }
     std::string recording(const std::string& name, std::uint32_t seed) {
         const std::string path = temp.file(name);
