@@ -208,6 +208,41 @@ TEST_F(Form28Replay, TheDailyReportStandsBesideTheQualitySummaryOnTheOverviewTab
     st.workbooks = nullptr;
 }
 
+// Counts the notices printed, closing each as the preview's close would.
+class CountedPrinter : public Printer {
+  public:
+    int pages = 0;
+    bool print(const PrintedPage&) override {
+        ++pages;
+        return true;
+    }
+};
+
+TEST_F(Form28Replay, ThePrintButtonsTakeEitherMouseButtonAndTheMenuSendsThePictureOut) {
+    CountedPrinter printer;
+    st.printer = &printer;
+    for (const char* name : {"Tgwd", "Txb", "Textdyrq"}) EXPECT_NE(control<QLineEdit>(name), nullptr) << name;
+    auto* notice = control<QPushButton>("Commanddydy");
+    ASSERT_NE(notice, nullptr);
+    EXPECT_EQ(notice->toolTip().toStdString(), "左键打印复核通知单,右键打印反馈通知单");
+    EXPECT_EQ(control<QPushButton>("Command15")->toolTip().toStdString(),
+              "左键打印当前图像，右键打印白色背景（节省墨水）");
+    QTest::mouseClick(notice, Qt::RightButton);
+    EXPECT_EQ(st.noticekind, "反馈");
+    notice->click();
+    EXPECT_EQ(st.noticekind, "复核");
+    EXPECT_EQ(printer.pages, 2);
+    EXPECT_FALSE(st.Form25open); // the preview was closed when print returned
+    const std::uint32_t back = st.settings.color("bxianbackcolor");
+    QTest::mouseClick(control<QPushButton>("Command15"), Qt::RightButton);
+    EXPECT_EQ(printer.pages, 3);
+    EXPECT_EQ(st.settings.color("bxianbackcolor"), back); // given back when the preview closed
+    for (const char* entry : {"adytx", "abctx", "ajt", "dcxssz"})
+        EXPECT_NE(window->findChild<QAction*>(entry), nullptr) << entry;
+    EXPECT_NE(window->findChild<QAction*>("qjtdb"), nullptr);
+    st.printer = nullptr;
+}
+
 TEST_F(Form28Replay, EnterInTheKilometreBoxSeeks) {
     auto* text1 = control<QLineEdit>("Text1");
     text1->setText("12.35");
