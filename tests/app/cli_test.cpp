@@ -20,7 +20,9 @@ using orvane::testkit::CliRun;
 
 class Cli : public orvane::testkit::StationTest {
   protected:
-    CliRun cli(const std::string& arguments) { return orvane::testkit::runcli(home, temp.file("err"), arguments); }
+    CliRun cli(const std::string& arguments) {
+        return orvane::testkit::runcli(home, temp.file("err"), arguments);
+    }
 };
 
 TEST_F(Cli, SettingsPrintsTheRowsAsStoredAfterTheStart) {

@@ -47,8 +47,9 @@ class CliNotice : public orvane::testkit::StationTest {
 
 TEST_F(CliNotice, NoticeWritesThePageAsPdfWithEveryFieldAndCell) {
     const std::string pdf = temp.file("out.pdf");
-    const auto r = cli("notice " + path + " --view 3000 --kind 反馈 --set Tgwd=哈尔滨 --set Txb=京哈 --set Tmc=张三 " +
-                       "--set Textdyrq=2026.11.23 -o " + pdf);
+    const auto r =
+        cli("notice " + path + " --view 3000 --kind 反馈 --set Tgwd=哈尔滨 --set Txb=京哈 --set Tmc=张三 " +
+            "--set Textdyrq=2026.11.23 -o " + pdf);
     ASSERT_EQ(r.status, 0) << r.err;
     ASSERT_TRUE(fs::exists(pdf));
     const QJsonArray ops = jsonof(temp.file("out.json"))["ops"].toArray();
@@ -63,8 +64,9 @@ TEST_F(CliNotice, NoticeWritesThePageAsPdfWithEveryFieldAndCell) {
     EXPECT_FALSE(title["bold"].toBool());
 
     const std::string text = pdftext(pdf);
-    for (const char* field : {"报警点反馈通知单", "工务段：哈尔滨", "线别：京哈", "分析人：张三", "分析日：2026.11.23",
-                              "日期：", "机号：", "B型显示图", "探头状态", "作业参数", "仪器设置", "GPS数值："})
+    for (const char* field :
+         {"报警点反馈通知单", "工务段：哈尔滨", "线别：京哈", "分析人：张三", "分析日：2026.11.23", "日期：",
+          "机号：", "B型显示图", "探头状态", "作业参数", "仪器设置", "GPS数值："})
         EXPECT_NE(text.find(field), std::string::npos) << field << "\n" << text;
     int tables = 0, pictures = 0;
     for (const auto& value : ops) {
@@ -103,7 +105,8 @@ TEST_F(CliNotice, RunPrintsEveryPageIntoTheFolderAndShowsTheColoursInForce) {
 
     const auto white = cli("run " + path + " --do mouse:Command15:down:right:0:0");
     ASSERT_EQ(white.status, 0) << white.err;
-    const QJsonObject whitestate = QJsonDocument::fromJson(QByteArray::fromStdString(white.out)).object()["state"].toObject();
+    const QJsonObject whitestate =
+        QJsonDocument::fromJson(QByteArray::fromStdString(white.out)).object()["state"].toObject();
     EXPECT_EQ(whitestate["colors"].toObject()["bxianbackcolor"].toDouble(), 16777215);
     EXPECT_EQ(whitestate["colors"].toObject()["biaochicolor"].toDouble(), 0);
     EXPECT_TRUE(whitestate["open"].toArray().contains("Form25"));

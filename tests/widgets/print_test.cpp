@@ -36,8 +36,10 @@ TEST_F(PrintedNotice, ThePicturesStandAtTheirBoxesOnThePaper) {
     const PrintedPage page = noticepage(st);
     const std::string pdf = temp.file("notice.pdf");
     ASSERT_EQ(writepdf(page, pdf), std::nullopt);
-    ASSERT_EQ(std::system(("pdftoppm -r 200 -gray -png -singlefile '" + pdf + "' '" + temp.file("notice") + "'").c_str()),
-              0);
+    ASSERT_EQ(
+        std::system(
+            ("pdftoppm -r 200 -gray -png -singlefile '" + pdf + "' '" + temp.file("notice") + "'").c_str()),
+        0);
     const QImage image(QString::fromStdString(temp.file("notice.png")));
     ASSERT_FALSE(image.isNull());
     // The paper: A4 across, less margins of 10 mm; the page fitted into it and centred across.
@@ -48,16 +50,19 @@ TEST_F(PrintedNotice, ThePicturesStandAtTheirBoxesOnThePaper) {
     const double ox = paper.x() + (paper.width() - extent.width() * fit) / 2, oy = paper.y();
     auto grey = [&](double x, double y) {
         // The darkest pixel around the place of (x, y) in twips: a frame line is thin.
-        const int px = static_cast<int>(std::lround(ox + x * fit)), py = static_cast<int>(std::lround(oy + y * fit));
+        const int px = static_cast<int>(std::lround(ox + x * fit)),
+                  py = static_cast<int>(std::lround(oy + y * fit));
         int darkest = 255;
         for (int dy = -1; dy <= 1; ++dy)
-            for (int dx = -1; dx <= 1; ++dx) darkest = std::min(darkest, qGray(image.pixel(px + dx, py + dy)));
+            for (int dx = -1; dx <= 1; ++dx)
+                darkest = std::min(darkest, qGray(image.pixel(px + dx, py + dy)));
         return darkest;
     };
     for (double x : {1500.0, 5000.0, 9000.0, 15000.0}) {
         EXPECT_LT(grey(x, 1810), 100) << "top of the B-mode at " << x;
         EXPECT_LT(grey(x, 6710), 100) << "foot of the B-mode at " << x;
-        if (x > 3000) EXPECT_GT(grey(x, 1810 - 120), 200) << "paper above the B-mode at " << x; // right of its heading
+        if (x > 3000)
+            EXPECT_GT(grey(x, 1810 - 120), 200) << "paper above the B-mode at " << x; // right of its heading
     }
     for (double y : {2000.0, 4000.0, 6500.0}) {
         EXPECT_LT(grey(1300, y), 100);
