@@ -246,6 +246,16 @@ std::optional<int> applysets(orvane::Station& st, const Arguments& args) {
     return std::nullopt;
 }
 
+// The main side drawn at VIEW, kept between 600 and the end of its view map; the lists' cursors
+// follow it from their start.
+void showview(orvane::Station& st, std::int64_t view) {
+    orvane::Side& side = st.zhu;
+    side.viewindex = static_cast<std::int32_t>(
+        std::clamp<std::int64_t>(view, 600, std::max<std::int64_t>(600, std::ssize(side.viewmap))));
+    side.jobcursor = side.paramcursor = side.markcursor = side.samplecursor = 0;
+    orvane::bofang(st);
+}
+
 // The A-mode opened as a plain click at the picture's middle opens it.
 void openamodeatmiddle(orvane::Station& st) {
     st.amodechannel = " ";
@@ -257,11 +267,7 @@ void openamodeatmiddle(orvane::Station& st) {
 // The notice of the place at the view asked for, with the A-mode opened there, as OUT.pdf and
 // OUT.json; the station is loaded and its controls set by frame.
 int notice(orvane::Station& st, orvane::ScriptedUi& ui, const Arguments& args) {
-    orvane::Side& side = st.zhu;
-    side.viewindex = static_cast<std::int32_t>(
-        std::clamp<std::int64_t>(args.view, 600, std::max<std::int64_t>(600, std::ssize(side.viewmap))));
-    side.jobcursor = side.paramcursor = side.markcursor = side.samplecursor = 0;
-    orvane::bofang(st);
+    showview(st, args.view);
     openamodeatmiddle(st);
     st.noticekind = args.kind;
     if (auto failure = orvane::cli::writepage(orvane::noticepage(st), args.output)) return failed(*failure);
@@ -332,11 +338,7 @@ int frame(orvane::Station& st, orvane::ScriptedUi& ui, const Arguments& args) {
         output = orvane::cli::statejson(st, ui, args.ranges, workbooks ? &workbooks->paths : nullptr,
                                         printer ? &printer->paths : nullptr);
     } else {
-        orvane::Side& side = st.zhu;
-        side.viewindex = static_cast<std::int32_t>(
-            std::clamp<std::int64_t>(args.view, 600, std::max<std::int64_t>(600, std::ssize(side.viewmap))));
-        side.jobcursor = side.paramcursor = side.markcursor = side.samplecursor = 0;
-        orvane::bofang(st);
+        showview(st, args.view);
     }
     if (!args.ops.empty()) {
         Arguments out = args;
@@ -417,10 +419,7 @@ int report(const Arguments& args) {
         orvane::windowactivate(st);
         if (st.zhu.samplecount == 0) return std::string(orvane::nodatamessage);
         for (const auto& [name, value] : args.sets) orvane::setcontrol(st, name, value);
-        orvane::Side& side = st.zhu;
-        side.viewindex = static_cast<std::int32_t>(
-            std::clamp<std::int64_t>(args.view, 600, std::max<std::int64_t>(600, std::ssize(side.viewmap))));
-        orvane::bofang(st);
+        showview(st, args.view);
         if (args.positional[0] == "rawsamples") openamodeatmiddle(st);
         return std::nullopt;
     };

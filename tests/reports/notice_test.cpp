@@ -197,7 +197,7 @@ TEST_F(Notice, TheTablesHoldTheListsWithRowsOf330AndScaledWidths) {
                                          st.form.labels["Label2_1"]);
 }
 
-TEST_F(Notice, ColumnsShareTheTableByTheRoomTheirTextsNeed) {
+TEST(NoticeTable, ColumnsShareTheTableByTheRoomTheirTextsNeed) {
     const std::vector<double> widths = listwidths({{"通道号", "增益值", "x"}, {"A前", "-30.0", ""}});
     EXPECT_EQ(widths, (std::vector<double>{8, 8, 3}));
 }
