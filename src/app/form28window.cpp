@@ -4,6 +4,7 @@
 #include "app/curveview.h"
 #include "app/curvewindow.h"
 #include "app/dialogwindow.h"
+#include "app/masterwindow.h"
 #include "app/pictureview.h"
 #include "app/startup.h"
 #include "bmode/bmode.h"
@@ -464,8 +465,18 @@ QWidget* Form28Window::settingscolumn(QWidget* parent) {
     noterow->addWidget(named(new QLineEdit(note), "Textbz"), 0, 0, 1, 2);
     noterow->addWidget(named(new QScrollBar(Qt::Horizontal, note), "HScroll2"), 1, 0);
     noterow->addWidget(named(new QScrollBar(Qt::Horizontal, note), "VScroll1"), 1, 1);
+    auto* defects = named(new QComboBox(note), "Combobz");
+    defects->setToolTip("选择伤损名称作为标注");
+    noterow->addWidget(defects, 2, 0);
+    noterow->addWidget(tablebutton("Command35", "维护伤损列表", note), 2, 1);
     box->addWidget(note);
     box->addWidget(printgroup(column));
+    // The tables of people and instruments.
+    auto* tables = new QGroupBox("基础数据", column);
+    auto* tablerow = new QHBoxLayout(tables);
+    tablerow->addWidget(tablebutton("Command23", "维护工作人员表，导入导出人员表", tables));
+    tablerow->addWidget(tablebutton("Command42", "维护仪器号与班组", tables));
+    box->addWidget(tables);
     // The bars of the dot size, the hand step and the length of a reportable bottom-echo loss.
     for (const auto& [name, caption] :
          {std::pair{"HScroll7", "点大小设置"}, std::pair{"HScroll3", "手动步进值"},
@@ -487,6 +498,12 @@ QWidget* Form28Window::printgroup(QWidget* parent) {
     for (const auto& [title, name] : {std::pair{"工务段", "Tgwd"}, {"线别", "Txb"}, {"分析日", "Textdyrq"}}) {
         grid->addWidget(new QLabel(title, group), row, 0);
         grid->addWidget(named(new QLineEdit(group), name), row++, 1);
+        if (std::string(name) != "Txb") continue;
+        // The line box beside a choice of the lines table and the way to keep it.
+        auto* lines = named(new QComboBox(group), "Comboxb");
+        lines->setToolTip("选择线别名称填入线别");
+        grid->addWidget(lines, row, 1);
+        grid->addWidget(tablebutton("Commanddywh", "维护线别表，导入导出线别表", group), row++, 0);
     }
     auto* notice = named(new QPushButton(caption("Commanddydy"), group), "Commanddydy");
     notice->setToolTip("左键打印复核通知单,右键打印反馈通知单");
@@ -510,6 +527,20 @@ QPushButton* Form28Window::button(const char* name) {
     if (control == "Command8" || control == "Command34" || control == "Command27")
         connect(b, &QPushButton::clicked, this, [this] { focuspicture(); });
     return b;
+}
+
+QPushButton* Form28Window::tablebutton(const char* name, const char* tip, QWidget* parent) {
+    auto* b = named(new QPushButton(caption(name), parent), name);
+    b->setToolTip(tip);
+    return b;
+}
+
+void Form28Window::showmasterform() {
+    if (st_.master.name.empty() || masterform_) return;
+    masterform_ = new MasterWindow(
+        st_, st_.master.name, [this](const std::function<void()>& h) { act(h); }, this);
+    masterform_->setAttribute(Qt::WA_DeleteOnClose);
+    masterform_->open();
 }
 
 void Form28Window::showformpk2() {
@@ -659,6 +690,7 @@ void Form28Window::act(const std::function<void()>& handler) {
     }
     refresh();
     showformpk2();
+    showmasterform();
     showform10();
     showcurves();
 }
@@ -700,6 +732,7 @@ void Form28Window::refresh() {
     pb1_->setVisible(st_.form.pb1visible);
     controls_->refresh();
     if (formpk2_) formpk2_->refresh();
+    if (masterform_) masterform_->refresh();
     if (form10_) form10_->refresh();
     for (auto& [form, window] : curvewindows_)
         if (window) window->refresh();

@@ -32,6 +32,7 @@ class ControlView;
 class DialogUi;
 class Form10Window;
 class Formpk2Window;
+class MasterWindow;
 class CurveWindow;
 class CurveView;
 class PictureView;
@@ -60,6 +61,8 @@ class Form28Window : public QMainWindow {
     // Runs one act of the user through the logic, then shows what it left; a refused act is a message.
     void act(const std::function<void()>& handler);
     QPushButton* button(const char* name);
+    // A button that opens the window of a table, with its tip.
+    QPushButton* tablebutton(const char* name, const char* tip, QWidget* parent);
     QWidget* printgroup(QWidget* parent);
     QString caption(const char* name) const;
     QWidget* settingscolumn(QWidget* parent);
@@ -73,6 +76,8 @@ class Form28Window : public QMainWindow {
     void placereadout(PictureView& view, const Side& side);
     // The alignment window over this one while the logic has it open; the picture follows each change.
     void showformpk2();
+    // The maintenance window of a table once the logic has opened one.
+    void showmasterform();
     // The magnifier while the logic has it open.
     void showform10();
     // The curve windows that the logic has open.
@@ -108,6 +113,7 @@ class Form28Window : public QMainWindow {
     QLabel* label20_ = nullptr;
     ControlView* controls_ = nullptr;
     QPointer<Formpk2Window> formpk2_;
+    QPointer<MasterWindow> masterform_;
     QPointer<Form10Window> form10_;
     std::map<std::string, QPointer<CurveWindow>> curvewindows_;
     CurveView* track_ = nullptr;            // picturegj

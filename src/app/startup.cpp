@@ -1,5 +1,7 @@
 #include "app/startup.h"
 
+#include "app/masterdata.h"
+
 #include "stores/settingsstore.h"
 
 #include "amode/controls.h"
@@ -62,16 +64,6 @@ void setenglishcaptions(Station& st) {
     st.form.lts1 = "importing...";
     for (int i = 0; i < 5; ++i) st.form.captions["SSTab1." + std::to_string(i)] = "backup";
     st.form.captions["SSTab1.5"] = "Set";
-}
-
-// The lines or defects of a table for their combo box, in the table's order.
-std::vector<std::string> namesof(Db& db, const std::string& table) {
-    std::vector<std::string> names;
-    long count = static_cast<long>(db.scalar("select count(*) from " + table).number());
-    auto rows = db.rows("select mc from " + table + " ");
-    for (long i = 0; i < count && i < static_cast<long>(rows.size()); ++i)
-        names.push_back(rows[i][0].isnull() ? std::string() : rows[i][0].astext());
-    return names;
 }
 
 // First activation step 10: the filter boxes from row guolv, H and I first, then A to G.
@@ -155,6 +147,7 @@ void assemble(Station& st) {
     registerprocessing(st);
     registerreports(st);
     registercurves(st);
+    registermasterdata(st);
 }
 
 void entry(Station& st, const std::string& folder, const std::string& language) {
@@ -225,8 +218,8 @@ void windowload(Station& st, const std::string& commandline) {
     st.baseoffset = 800;
     pictureconstants(st);
 
-    st.form.lines = namesof(*st.gpsxdb, "zyqjb");
-    st.form.defects = namesof(*st.gpsxdb, "bz");
+    st.form.lines = combonames(*st.gpsxdb, "zyqjb");
+    st.form.defects = combonames(*st.gpsxdb, "bz");
     st.form.filtercombo = {"全部"};
     setpanelheads(st);
 }

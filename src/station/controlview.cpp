@@ -136,6 +136,20 @@ void ControlView::show(Binding& b) {
             bar->setRange(c->min, c->rangemax(st_));
         if (c->value && bar->value() != c->value(st_)) bar->setValue(c->value(st_));
     } else if (auto* combo = qobject_cast<QComboBox*>(widget)) {
+        // A combo box whose entries follow a table shows them as its first row of cells.
+        if (c->cells) {
+            QStringList entries;
+            const auto cells = c->cells(st_);
+            if (!cells.empty())
+                for (const std::string& entry : cells[0]) entries << QString::fromStdString(entry);
+            QStringList shown;
+            for (int i = 0; i < combo->count(); ++i) shown << combo->itemText(i);
+            if (shown != entries) {
+                const QSignalBlocker quiet(combo);
+                combo->clear();
+                combo->addItems(entries);
+            }
+        }
         const QString text = QString::fromStdString(c->textof ? c->textof(st_) : std::string());
         if (combo->currentText() != text) {
             const QSignalBlocker quiet(combo);
@@ -150,7 +164,7 @@ void ControlView::show(Binding& b) {
         if (!c->cells) return;
         if (c->revision) {
             const std::uint64_t now = c->revision(st_);
-            if (now == b.shownrevision) return;
+            if (now == b.shownrevision) return selectrow(table, *c);
             b.shownrevision = now;
         }
         const auto cells = c->cells(st_);
@@ -165,6 +179,18 @@ void ControlView::show(Binding& b) {
                 else if (item->text() != text)
                     item->setText(text);
             }
+        selectrow(table, *c);
+    }
+}
+
+void ControlView::selectrow(QTableWidget* table, const Control& c) {
+    if (!c.value) return;
+    const int row = c.value(st_);
+    if (row <= 0) {
+        if (!table->selectedItems().isEmpty()) table->clearSelection();
+    } else if (table->currentRow() != row || table->selectedItems().isEmpty()) {
+        const QSignalBlocker quiet(table);
+        table->selectRow(row);
     }
 }
 

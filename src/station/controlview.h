@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+class QTableWidget;
 class QWidget;
 
 namespace orvane {
@@ -40,6 +41,8 @@ class ControlView : public QObject {
     };
     void bind(QObject* object, const Control& c);
     void show(Binding& b);
+    // A grid whose control reads a value shows that row selected (0: none).
+    void selectrow(QTableWidget* table, const Control& c);
     const Control* controlof(QObject* object) const;
 
     Station& st_;

@@ -423,6 +423,19 @@ struct Station {
     } alignment;
     std::array<std::int16_t, 9> pinkongkeep{}; // the words put aside by the mode "精确"
 
+    // The maintenance window of a table that stands open over Form28 (Form5 staff, Form6 lines, Form11
+    // defects, Form2 instruments, Form7 mark texts); at most one, as each is modal. Grid1 holds the heads
+    // and the rows of the table; row is the row under the cursor (0: none); adding is set by 增加 until
+    // the new row is saved, and only then can the number be typed.
+    struct MasterForm {
+        std::string name;
+        Table Grid1;
+        int row = 0;
+        std::map<std::string, std::string> boxes;
+        bool adding = false;
+        std::uint64_t revision = 0;
+    } master;
+
     // The filter: whether its backup in the comparison store is valid, the store itself ("no" until
     // the filter or a comparison makes it), the events of long runs and the hits they cluster into.
     std::int16_t filteractive = 0;

@@ -59,6 +59,18 @@ const Preset yellowpreset = {rgb(255, 255, 192),
 
 } // namespace
 
+std::array<std::string, 5> marknames(Station& st) {
+    std::array<std::string, 5> names;
+    for (int n = 0; n < 5; ++n) {
+        const std::string key = "标记" + std::to_string(n);
+        auto rows = st.gpsxdb->rows("select bjwb from biaoji where bjid= ?", {key});
+        if (rows.empty())
+            throw SettingsError("标记表 biaoji 缺少行 " + key + "（" + st.gpsxdb->path() + "）");
+        names[n] = cellorempty(rows[0][0]);
+    }
+    return names;
+}
+
 void loadsettings(Station& st) {
     Settings s;
     for (std::size_t i = 0; i < colorkeys.size(); ++i) s.colorset[i] = readcolor(st, colorkeys[i]);
@@ -95,13 +107,7 @@ void loadsettings(Station& st) {
     }
     if (s.viewspan == 0) s.viewspan = 1200;
 
-    for (int n = 0; n < 5; ++n) {
-        const std::string key = "标记" + std::to_string(n);
-        auto rows = st.gpsxdb->rows("select bjwb from biaoji where bjid= ?", {key});
-        if (rows.empty())
-            throw SettingsError("标记表 biaoji 缺少行 " + key + "（" + st.gpsxdb->path() + "）");
-        s.biaojiname[n] = cellorempty(rows[0][0]);
-    }
+    s.biaojiname = marknames(st);
     for (int n = 1; n <= 37; ++n) {
         auto rows = st.gpsxdb->rows("select bj01,bj02 from biaojikc where xh= ?", {std::to_string(n)});
         if (rows.empty())

@@ -4,6 +4,7 @@
 #include "station/controls.h"
 #include "station/settings.h"
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <stdexcept>
@@ -21,6 +22,8 @@ class SettingsError : public std::runtime_error {
 
 // Reads every setting in the order of the table, with the start's corrections.
 void loadsettings(Station& st);
+// The texts of the five operator marks "标记0" to "标记4" (biaojiname) from table biaoji.
+std::array<std::string, 5> marknames(Station& st);
 
 // The one writer of every control: update color set <field>='<value>' where weizhi='<key>'.
 void writesetting(Station& st, const std::string& key, const std::string& field, const std::string& value);

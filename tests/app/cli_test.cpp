@@ -360,6 +360,8 @@ TEST_F(CliDump, EveryControlOfTheTableCanBeReachedHeadless) {
     actions += " --do close:Form29 --do close:Form4";
     // The notice that the print buttons opened.
     actions += " --do close:Form25";
+    // The tables' windows replace one another: the last opener's window, the instruments.
+    actions += " --do close:Form2";
     const CliRun r = cli("run " + path + " --seed 3 --answer 255 --answer 255" + actions);
     ASSERT_EQ(r.status, 0) << r.err;
     const QJsonObject state = stateof(r);
@@ -421,6 +423,53 @@ TEST_F(CliDump, RunOfARecordingWithoutSamplesSaysSoAndActsOnTheEmptyWindow) {
     EXPECT_FALSE(state["T1"].toBool()); // the replay buttons stay disabled
     EXPECT_FALSE(state["controls"].toObject()["Command8"].toObject()["enabled"].toBool());
     EXPECT_EQ(state["viewindex"].toInt(), 600);
+}
+
+TEST_F(CliDump, StaffWindowKeepsItsTableHeadless) {
+    ktrgen::Recording rec;
+    const std::string path = smallrecording(rec);
+    const CliRun r =
+        cli("run " + path +
+            " --do press:Command23 --do press:Form5.CmdAdd --do set:Form5.Tbh:12 --do press:Form5.Command2"
+            " --do set:Form5.Tbh:40 --do 'set:Form5.Txm:O'\\''Neil' --do press:Form5.Command2");
+    ASSERT_EQ(r.status, 0) << r.err;
+    const QJsonObject o = QJsonDocument::fromJson(QByteArray::fromStdString(r.out)).object();
+    EXPECT_EQ(o["messages"].toArray()[0].toString(), "编号重复，增加失败");
+    const QJsonObject state = o["state"].toObject();
+    EXPECT_EQ(state["open"].toArray()[1].toString(), "Form5");
+    const QJsonArray rows = state["grids"].toObject()["Form5.Grid1"].toArray();
+    ASSERT_EQ(rows.size(), 7);
+    EXPECT_EQ(rows[6].toArray()[0].toString(), "40");
+    EXPECT_EQ(rows[6].toArray()[1].toString(), "O'Neil");
+    EXPECT_FALSE(state["controls"].toObject()["Form5.Command2"].toObject()["enabled"].toBool());
+    // The row stays in the station folder for the next run, and a workbook goes out and back in.
+    const std::string books = temp.file("books");
+    const CliRun out =
+        cli("run " + path + " --workbooks " + books + " --do press:Command23 --do press:Form5.Command3");
+    ASSERT_EQ(out.status, 0) << out.err;
+    const CliRun in =
+        cli("run " + path + " --answer " + books + "/1.xlsx --do press:Command23 --do press:Form5.Command4");
+    ASSERT_EQ(in.status, 0) << in.err;
+    EXPECT_EQ(stateof(in)["grids"].toObject()["Form5.Grid1"].toArray(), rows);
+}
+
+TEST_F(CliDump, ANewMarkTextShowsInTheNextFrame) {
+    ktrgen::Recording rec;
+    const std::string path = smallrecording(rec);
+    const std::string change =
+        " --set shoudbjz.bpy=0 --do dblclick:Grid1ts --do row:Form7.Grid1:1 --do set:Form7.Tmc:新焊缝"
+        " --do press:Form7.Command1 --do press:Form7.CmdCancel";
+    const CliRun r = cli("run " + path + change + " --do press:Command1 --do row:Grid1ts:2");
+    ASSERT_EQ(r.status, 0) << r.err;
+    const int view = stateof(r)["viewindex"].toInt();
+    const std::string ops = temp.file("ops.json");
+    ASSERT_EQ(cli("frame " + path + " --set shoudbjz.bpy=0 --view " + std::to_string(view) + " --ops " + ops)
+                  .status,
+              0);
+    std::ifstream in(ops);
+    const std::string text((std::istreambuf_iterator<char>(in)), {});
+    EXPECT_NE(text.find("\"text\":\"新焊缝\""), std::string::npos);
+    EXPECT_EQ(text.find("\"text\":\"焊缝\""), std::string::npos);
 }
 
 TEST_F(CliDump, BadControlsAreRefusedAndChangeNothing) {

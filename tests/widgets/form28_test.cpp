@@ -18,6 +18,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDialog>
 #include <QDir>
 #include <QLabel>
@@ -613,6 +614,77 @@ TEST_F(Form28, ButtonsBeforeARecordingHasLoadedDoNothing) {
     EXPECT_FALSE(st.T1);
     EXPECT_EQ(st.zhu.viewindex, 600);
     EXPECT_EQ(ui.messages, std::vector<std::string>{"没有数据！"});
+}
+
+} // namespace
+
+namespace {
+
+TEST_F(Form28Replay, StaffWindowOpensFromItsButtonAndKeepsARowTypedIntoIt) {
+    auto* opener = control<QPushButton>("Command23");
+    ASSERT_NE(opener, nullptr);
+    EXPECT_EQ(opener->text().toStdString(), "人员");
+    opener->click();
+    auto* form = control<QDialog>("Form5");
+    ASSERT_NE(form, nullptr);
+    EXPECT_EQ(form->windowTitle().toStdString(), "工作人员表维护");
+    EXPECT_TRUE(form->isModal());
+    auto* grid = form->findChild<QTableWidget*>("Grid1");
+    ASSERT_EQ(grid->rowCount(), 6);
+    EXPECT_EQ(grid->item(0, 1)->text().toStdString(), "姓名");
+    auto* number = form->findChild<QLineEdit*>("Tbh");
+    auto* save = form->findChild<QPushButton*>("Command2");
+    EXPECT_FALSE(number->isEnabled());
+    EXPECT_FALSE(save->isEnabled());
+    EXPECT_EQ(form->findChild<QPushButton*>("Command3")->toolTip().toStdString(),
+              "软件升级时，用于从原有软件中将人员表恢复到新系统中来");
+    form->findChild<QPushButton*>("CmdAdd")->click();
+    ASSERT_TRUE(number->isEnabled());
+    QTest::keyClicks(number, "31");
+    QTest::keyClicks(form->findChild<QLineEdit*>("Txm"), "Zhou Ba");
+    save->click();
+    EXPECT_TRUE(ui.messages.empty());
+    ASSERT_EQ(grid->rowCount(), 7);
+    EXPECT_EQ(grid->item(6, 1)->text().toStdString(), "Zhou Ba");
+    // A click on a row shows it in the boxes and selects it.
+    grid->cellClicked(3, 0);
+    EXPECT_EQ(form->findChild<QLineEdit*>("Txm")->text().toStdString(), "王强");
+    EXPECT_EQ(grid->currentRow(), 3);
+    form->findChild<QPushButton*>("CmdCancel")->click();
+    EXPECT_TRUE(st.master.name.empty());
+    QTRY_VERIFY(!form->isVisible());
+}
+
+TEST_F(Form28Replay, TheLineAndDefectChoicesFollowTheirTables) {
+    auto* lines = control<QComboBox>("Comboxb");
+    ASSERT_NE(lines, nullptr);
+    EXPECT_EQ(lines->count(), 4);
+    EXPECT_EQ(control<QPushButton>("Commanddywh")->text().toStdString(), "维护");
+    EXPECT_EQ(control<QPushButton>("Command35")->text().toStdString(), "维护");
+    EXPECT_EQ(control<QPushButton>("Command42")->text().toStdString(), "班组");
+    control<QPushButton>("Commanddywh")->click();
+    auto* form = control<QDialog>("Form6");
+    ASSERT_NE(form, nullptr);
+    form->findChild<QPushButton*>("CmdAdd")->click();
+    QTest::keyClicks(form->findChild<QLineEdit*>("Tbh"), "9");
+    QTest::keyClicks(form->findChild<QLineEdit*>("Tmc"), "Shenda");
+    form->findChild<QPushButton*>("Command2")->click();
+    form->reject();
+    EXPECT_EQ(lines->count(), 5);
+    lines->textActivated("Shenda");
+    EXPECT_EQ(st.form.Txb, "Shenda");
+    EXPECT_EQ(control<QLineEdit>("Txb")->text().toStdString(), "Shenda");
+    control<QComboBox>("Combobz")->textActivated("轨底裂纹");
+    EXPECT_EQ(st.Textbz, "轨底裂纹");
+}
+
+TEST_F(Form28Replay, ADoubleClickOnTheMarksOpensTheirTexts) {
+    control<QTableWidget>("Grid1ts")->cellDoubleClicked(0, 0);
+    auto* form = control<QDialog>("Form7");
+    ASSERT_NE(form, nullptr);
+    EXPECT_EQ(form->findChild<QTableWidget*>("Grid1")->rowCount(), 6);
+    EXPECT_EQ(form->findChild<QPushButton*>("CmdAdd"), nullptr);
+    form->reject();
 }
 
 } // namespace
