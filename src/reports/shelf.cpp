@@ -20,8 +20,10 @@ std::string reportpath(const Station& st, const std::string& report) {
     char stamp[32];
     std::snprintf(stamp, sizeof stamp, "%04d%02d%02d-%02d%02d%02d", t.tm_year + 1900, t.tm_mon + 1, t.tm_mday,
                   t.tm_hour, t.tm_min, t.tm_sec);
+    // A workbook made without a recording (a table's export) is named by the report alone.
     const std::string base = fs::path(st.zhu.filepath).stem().string();
-    return (fs::path(st.folder) / "reports" / (base + "-" + report + "-" + stamp + ".xlsx")).string();
+    const std::string name = (base.empty() ? "" : base + "-") + report + "-" + stamp + ".xlsx";
+    return (fs::path(st.folder) / "reports" / name).string();
 }
 
 Shelved shelve(const Station& st, const Workbook& book, const std::string& report) {

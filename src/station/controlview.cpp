@@ -153,7 +153,11 @@ void ControlView::show(Binding& b) {
         const QString text = QString::fromStdString(c->textof ? c->textof(st_) : std::string());
         if (combo->currentText() != text) {
             const QSignalBlocker quiet(combo);
-            combo->setCurrentText(text);
+            // A fixed list shows no entry while its text is none of them.
+            if (!combo->isEditable() && combo->findText(text) < 0)
+                combo->setCurrentIndex(-1);
+            else
+                combo->setCurrentText(text);
         }
     } else if (auto* tabs = qobject_cast<QTabWidget*>(widget)) {
         if (c->value && tabs->currentIndex() != c->value(st_)) {
