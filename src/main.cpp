@@ -50,6 +50,7 @@ int main(int argc, char** argv) {
     st.printer = &printer;
     orvane::WindowScreen screen(&window);
     st.screen = &screen;
+    st.hooks.capture = [&window](orvane::Station& st) { orvane::opencapture(st, &window); };
     window.show();
     int status = app.exec();
     return st.process.exitstatus ? st.process.exitstatus : status;

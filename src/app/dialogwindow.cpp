@@ -61,8 +61,9 @@ std::optional<std::string> DialogUi::openfile(const std::string& filter, const s
     return path.toStdString();
 }
 
-std::optional<std::string> DialogUi::savefile(const std::string& filter, const std::string& extension) {
-    QFileDialog dialog(parent_, QString(), QString(), qtfilter(filter));
+std::optional<std::string> DialogUi::savefile(const std::string& filter, const std::string& extension,
+                                              const std::string& title) {
+    QFileDialog dialog(parent_, q(title), QString(), qtfilter(filter));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(q(extension));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;

@@ -1,15 +1,20 @@
 #include "app/printwindow.h"
 
+#include "capture/scrncapwindow.h"
+#include "station/station.h"
+
 #include "render/pagepainter.h"
 
 #include <QAction>
 #include <QBuffer>
+#include <QGuiApplication>
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrintPreviewWidget>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QScreen>
 #include <QToolBar>
 
 namespace orvane {
@@ -49,14 +54,48 @@ bool PreviewPrinter::print(const PrintedPage& page) {
     return true;
 }
 
-std::string WindowScreen::windowbitmap() {
-    if (!window_) return {};
-    const QImage image = window_->grab().toImage();
+namespace {
+
+std::string bmpbytes(const QImage& image) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     if (image.isNull() || !image.save(&buffer, "BMP")) return {};
     return bytes.toStdString();
+}
+
+} // namespace
+
+std::string WindowScreen::windowbitmap() {
+    return window_ ? bmpbytes(window_->grab().toImage()) : std::string();
+}
+
+std::string WindowScreen::wholescreen() {
+    QScreen* screen = QGuiApplication::primaryScreen();
+    if (screen) {
+        const QRect desktop = screen->virtualGeometry();
+        const QImage image =
+            screen->grabWindow(0, desktop.x(), desktop.y(), desktop.width(), desktop.height()).toImage();
+        if (!image.isNull()) return bmpbytes(image);
+    }
+    return windowbitmap();
+}
+
+void opencapture(Station& st, QWidget* window) {
+    QImage snapshot;
+    if (st.screen) {
+        const std::string bytes = st.screen->wholescreen();
+        snapshot.loadFromData(reinterpret_cast<const uchar*>(bytes.data()), static_cast<int>(bytes.size()));
+    }
+    if (snapshot.isNull()) return st.ui->message("无法截取屏幕图像");
+    // Over the whole desktop when the snapshot is of it, else over the station's window.
+    QScreen* screen = QGuiApplication::primaryScreen();
+    QRect area = screen ? screen->virtualGeometry() : QRect();
+    const double ratio = screen ? screen->devicePixelRatio() : 1.0;
+    if (area.isEmpty() || snapshot.size() != (area.size() * ratio))
+        area = QRect(window->mapToGlobal(QPoint(0, 0)), window->size());
+    ScrnCapForm form(snapshot, area, *st.ui, window);
+    form.exec();
 }
 
 } // namespace orvane

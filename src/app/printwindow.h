@@ -23,10 +23,16 @@ class WindowScreen : public Screen {
   public:
     explicit WindowScreen(QWidget* window) : window_(window) {}
     std::string windowbitmap() override;
+    // Every screen of the desktop; the window alone where the platform grabs no screen.
+    std::string wholescreen() override;
 
   private:
     QWidget* window_;
 };
+
+struct Station;
+// The capture window ScrnCapForm over a snapshot of the screen, modal over WINDOW.
+void opencapture(Station& st, QWidget* window);
 
 // The message when the preview's print finds no printer installed.
 inline constexpr const char* noprintermessage = "没有安装打印机。可用“另存为PDF…”保存通知单。";

@@ -19,7 +19,9 @@ class Ui {
     virtual std::optional<std::string> inputbox(const std::string& prompt, const std::string& title,
                                                 const std::string& preset) = 0;
     virtual std::optional<std::string> openfile(const std::string& filter, const std::string& extension) = 0;
-    virtual std::optional<std::string> savefile(const std::string& filter, const std::string& extension) = 0;
+    // TITLE: the dialog's title; none gives the desktop's own.
+    virtual std::optional<std::string> savefile(const std::string& filter, const std::string& extension,
+                                                const std::string& title = "") = 0;
     virtual std::optional<std::uint32_t> pickcolor(std::uint32_t current) = 0;
     // The bar pb1 during a walk: a new maximum, then values from 0 upwards.
     virtual void progressmax(double maximum) = 0;
@@ -86,6 +88,9 @@ class Screen {
     virtual ~Screen() = default;
     // The picture as the bytes of a BMP file; empty when there is nothing to grab.
     virtual std::string windowbitmap() = 0;
+    // The whole desktop, every screen, for the capture window, as the bytes of a picture file; where
+    // the platform can't grab the screen, the station's own window.
+    virtual std::string wholescreen() { return windowbitmap(); }
 };
 
 } // namespace orvane

@@ -28,7 +28,7 @@ std::optional<std::string> ScriptedUi::openfile(const std::string&, const std::s
     return next();
 }
 
-std::optional<std::string> ScriptedUi::savefile(const std::string&, const std::string&) {
+std::optional<std::string> ScriptedUi::savefile(const std::string&, const std::string&, const std::string&) {
     return next();
 }
 

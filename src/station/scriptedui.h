@@ -20,7 +20,8 @@ class ScriptedUi : public Ui {
     std::optional<std::string> inputbox(const std::string& prompt, const std::string& title,
                                         const std::string& preset) override;
     std::optional<std::string> openfile(const std::string& filter, const std::string& extension) override;
-    std::optional<std::string> savefile(const std::string& filter, const std::string& extension) override;
+    std::optional<std::string> savefile(const std::string& filter, const std::string& extension,
+                                        const std::string& title = "") override;
     std::optional<std::uint32_t> pickcolor(std::uint32_t current) override;
     void progressmax(double maximum) override { barmax = maximum; }
     void progress(long value) override { barvalue = value; }
