@@ -6,6 +6,7 @@
 #include "render/pagepainter.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QBuffer>
 #include <QGuiApplication>
 #include <QPainter>
@@ -15,6 +16,7 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QScreen>
+#include <QThread>
 #include <QToolBar>
 
 namespace orvane {
@@ -82,6 +84,11 @@ std::string WindowScreen::wholescreen() {
 }
 
 void opencapture(Station& st, QWidget* window) {
+    // The menu that called the capture is gone from the screen before it is frozen.
+    if (QWidget* popup = QApplication::activePopupWidget()) popup->close();
+    QApplication::processEvents();
+    QThread::msleep(50);
+    QApplication::processEvents();
     QImage snapshot;
     if (st.screen) {
         const std::string bytes = st.screen->wholescreen();
