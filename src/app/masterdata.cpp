@@ -208,6 +208,16 @@ std::optional<std::string> refusal(Db& db, const TableForm& f, const std::string
     return std::nullopt;
 }
 
+// insert into TABLE(c1,c2,…) values(?,?,…): a new row from the texts of its columns.
+std::string insertsql(const TableForm& f) {
+    std::string columns, marks;
+    for (const char* c : f.columns) {
+        columns += std::string(columns.empty() ? "" : ",") + c;
+        marks += marks.empty() ? "?" : ",?";
+    }
+    return std::string("insert into ") + f.table + "(" + columns + ") values(" + marks + ")";
+}
+
 // The text of a spreadsheet cell as the import stores it: a number as its shortest text.
 std::string celltext(const CellValue& v) {
     return v.number ? shortestdouble(v.real) : v.text;
@@ -285,13 +295,7 @@ void savenewrow(Station& st) {
     const TableForm& f = openform(st);
     Db& db = dbof(st, f);
     if (const auto reason = refusal(db, f, box(st, "Tbh"))) return st.ui->message(*reason);
-    std::string columns, marks;
-    for (const char* c : f.columns) {
-        columns += std::string(columns.empty() ? "" : ",") + c;
-        marks += marks.empty() ? "?" : ",?";
-    }
-    db.exec(std::string("insert into ") + f.table + "(" + columns + ") values(" + marks + ")",
-            boxtexts(st, f));
+    db.exec(insertsql(f), boxtexts(st, f));
     st.master.adding = false;
     reload(st, f, f.saved);
 }
@@ -373,11 +377,6 @@ void importtable(Station& st) {
     }
     const Sheet& sheet = book.sheets().front();
     Db& db = dbof(st, f);
-    std::string columns, marks;
-    for (const char* c : f.columns) {
-        columns += std::string(columns.empty() ? "" : ",") + c;
-        marks += marks.empty() ? "?" : ",?";
-    }
     try {
         db.exec("begin immediate");
         try {
@@ -387,8 +386,7 @@ void importtable(Station& st) {
                 std::vector<std::string> cells;
                 for (std::size_t k = 0; k < f.columns.size(); ++k)
                     cells.push_back(celltext(sheet.read(r, static_cast<int>(k) + 1)));
-                db.exec(std::string("insert into ") + f.table + "(" + columns + ") values(" + marks + ")",
-                        cells);
+                db.exec(insertsql(f), cells);
             }
             db.exec("commit");
         } catch (...) {
