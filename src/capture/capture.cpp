@@ -1,6 +1,7 @@
 #include "capture/capture.h"
 
 #include "processing/safefile.h"
+#include "station/ports.h"
 
 #include <QBuffer>
 #include <QDataStream>
@@ -280,6 +281,20 @@ std::optional<std::string> savecapture(const QImage& image, const std::string& p
     }
     if (auto failed = commitfile(path, "", bytes.toStdString())) return failed;
     return std::nullopt;
+}
+
+bool saveselection(const ScrnCap& cap, Ui& ui) {
+    if (cap.CutdSave().isNull()) {
+        ui.message("请先拖出要保存的区域");
+        return false;
+    }
+    const auto path = ui.savefile(capturefilter, captureextension, capturetitle);
+    if (!path) return false;
+    if (const auto failed = savecapture(cap.CutdSave(), *path)) {
+        ui.message("无法保存图像：" + *path + "（" + *failed + "）");
+        return false;
+    }
+    return true;
 }
 
 } // namespace orvane

@@ -91,6 +91,11 @@ struct ScrnCap {
 // any other one a bitmap), whole or not at all. nullopt when done, else the reason.
 std::optional<std::string> savecapture(const QImage& image, const std::string& path);
 
+class Ui;
+// "保存": the file name asked with the save dialog of the capture, then the selection written there.
+// True when written; a missing selection or a failed write is said through UI.
+bool saveselection(const ScrnCap& cap, Ui& ui);
+
 // The arrow from FROM to TO that the arrow tool draws: the shaft and the two strokes of its head.
 void Arrow(QImage& image, QPoint from, QPoint to, const QColor& color);
 

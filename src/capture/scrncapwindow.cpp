@@ -131,13 +131,9 @@ void ScrnCapForm::copyselection() {
 }
 
 void ScrnCapForm::save() {
-    if (cap_.CutdSave().isNull()) return ui_.message("请先拖出要保存的区域");
+    // The selection is on the clipboard whether or not a file is written.
     copyselection();
-    const auto path = ui_.savefile(capturefilter, captureextension, capturetitle);
-    if (!path) return;
-    if (const auto failed = savecapture(cap_.CutdSave(), *path))
-        return ui_.message("无法保存图像：" + *path + "（" + *failed + "）");
-    accept();
+    if (saveselection(cap_, ui_)) accept();
 }
 
 QPoint ScrnCapForm::onsnapshot(QPointF at) const {
