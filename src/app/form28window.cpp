@@ -53,16 +53,9 @@ template <class W> W* named(W* widget, const char* name) {
     return widget;
 }
 
-// A list of the side panel whose row click goes to its place; its heads stand in row 0.
+// A list of the side panel whose row click goes to its place.
 QTableWidget* rowlist(QWidget* parent, const char* name) {
-    auto* list = named(new QTableWidget(parent), name);
-    list->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    list->setSelectionBehavior(QAbstractItemView::SelectRows);
-    list->verticalHeader()->hide();
-    list->horizontalHeader()->hide();
-    list->horizontalHeader()->setStretchLastSection(true);
-    list->setToolTip("点击一行跳到该处");
-    return list;
+    return gridwidget(parent, name, "点击一行跳到该处");
 }
 // A tab that holds one list. The list sits in a page of its own: the binder shows and hides the
 // list by its state, and the tab control shows and hides its pages.

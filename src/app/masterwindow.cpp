@@ -6,7 +6,6 @@
 
 #include <QFormLayout>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTableWidget>
@@ -35,16 +34,7 @@ MasterWindow::MasterWindow(Station& st, const std::string& form, ControlView::Ac
     setModal(true);
     resize(560, 460);
     auto* box = new QVBoxLayout(this);
-    auto* grid = new QTableWidget(this);
-    grid->setObjectName("Grid1");
-    grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    grid->setSelectionBehavior(QAbstractItemView::SelectRows);
-    grid->setSelectionMode(QAbstractItemView::SingleSelection);
-    grid->verticalHeader()->hide();
-    grid->horizontalHeader()->hide();
-    grid->horizontalHeader()->setStretchLastSection(true);
-    grid->setToolTip("点击一行，将该记录显示在下面的输入框中");
-    box->addWidget(grid, 1);
+    box->addWidget(gridwidget(this, "Grid1", "点击一行，将该记录显示在下面的输入框中"), 1);
 
     // The boxes under the heads of their columns, the buttons in the order the window registers them.
     const std::string prefix = form + ".";

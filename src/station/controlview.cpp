@@ -6,6 +6,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QEvent>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
@@ -16,6 +17,19 @@
 #include <QTableWidget>
 
 namespace orvane {
+
+QTableWidget* gridwidget(QWidget* parent, const char* name, const char* tip) {
+    auto* grid = new QTableWidget(parent);
+    grid->setObjectName(name);
+    grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    grid->setSelectionBehavior(QAbstractItemView::SelectRows);
+    grid->setSelectionMode(QAbstractItemView::SingleSelection);
+    grid->verticalHeader()->hide();
+    grid->horizontalHeader()->hide();
+    grid->horizontalHeader()->setStretchLastSection(true);
+    grid->setToolTip(QString::fromUtf8(tip));
+    return grid;
+}
 
 ControlView::ControlView(Station& st, QWidget* window, std::string prefix, Act act)
     : QObject(window), st_(st), prefix_(std::move(prefix)), act_(std::move(act)) {

@@ -17,6 +17,10 @@ namespace orvane {
 struct Control;
 struct Station;
 
+// A grid of whole rows as the windows show their lists: read-only, one row selected at a time, the
+// heads in row 0 as the control gives them, the last column to the right edge; TIP says what a click does.
+QTableWidget* gridwidget(QWidget* parent, const char* name, const char* tip);
+
 class ControlView : public QObject {
     Q_OBJECT
   public:

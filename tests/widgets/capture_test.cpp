@@ -137,7 +137,8 @@ TEST(Capture, ASelectionOfNoSizeIsNone) {
     EXPECT_TRUE(cap.frame.isEmpty());
     EXPECT_EQ(cap.mode, "draw");
     EXPECT_EQ(cap.history.size(), 1u);
-    EXPECT_FALSE(savecapture(cap.CutdSave(), "/tmp/never.png") == std::nullopt);
+    EXPECT_EQ(savecapture(cap.CutdSave(), "/tmp/orvane-no-selection.png"), "没有选区可保存");
+    EXPECT_FALSE(QFile::exists("/tmp/orvane-no-selection.png"));
 }
 
 TEST(Capture, TheFrameMovesButNeverLeavesTheScreen) {
@@ -191,9 +192,11 @@ TEST_F(CaptureFiles, AnyOtherExtensionWritesABitmap) {
 
 TEST_F(CaptureFiles, AnUnwritablePlaceGivesItsReason) {
     const ScrnCap cap = selected();
-    const auto failed = savecapture(cap.CutdSave(), temp.file("no/such/folder/a.png"));
+    const std::string path = temp.file("no/such/folder/a.png");
+    const auto failed = savecapture(cap.CutdSave(), path);
     ASSERT_TRUE(failed.has_value());
-    EXPECT_FALSE(failed->empty());
+    EXPECT_NE(failed->find("No such file or directory"), std::string::npos) << *failed;
+    EXPECT_FALSE(QFile::exists(QString::fromStdString(path)));
 }
 
 class CaptureWindow : public testkit::StationTest {
