@@ -73,6 +73,8 @@ bool runaction(Station& st, const std::string& action) {
         clickrow(st, p[1], number(p[2], action));
     } else if (kind == "dblclick" && (p.size() == 2 || p.size() == 3)) {
         dblclick(st, p[1], p.size() == 3 ? number(p[2], action) : -1);
+    } else if (kind == "key" && p.size() == 3) {
+        keypress(st, p[1], p[2]);
     } else if (kind == "select" && p.size() >= 3) {
         select(st, p[1], rest(action, p));
     } else if (kind == "clock" && p.size() == 2) {

@@ -3,10 +3,13 @@
 #include "amode/amode.h"
 #include "app/curveview.h"
 #include "app/curvewindow.h"
+#include "app/desk.h"
 #include "app/dialogwindow.h"
 #include "app/masterwindow.h"
+#include "app/overviewview.h"
 #include "app/pictureview.h"
 #include "app/startup.h"
+#include "app/tips.h"
 #include "bmode/bmode.h"
 #include "bmode/formpk2window.h"
 #include "curves/track.h"
@@ -14,19 +17,26 @@
 #include "render/rastercanvas.h"
 #include "replay/bofang.h"
 #include "replay/transport.h"
+#include "replay/wholerun.h"
 #include "station/controlview.h"
 #include "station/station.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFileInfo>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QProgressBar>
@@ -35,10 +45,13 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QStatusBar>
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QTimer>
+#include <QUrl>
 #include <QVBoxLayout>
+#include <QWheelEvent>
 #include <algorithm>
 
 namespace orvane {
@@ -79,12 +92,16 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
     : QMainWindow(parent), st_(st), ui_(ui),
       canvas_(std::make_unique<RasterCanvas>(picturewidth, pictureheight)) {
     setObjectName("Form28");
+    canvas_->keepops();
+    canvas_->spacelabels(picturewidth);
     canvas_->beginbackground(st_.settings.color("bxianbackcolor"));
     canvas_->storebackground();
     canvas_->clear();
     st_.picture1 = canvas_.get();
 
     canvas6_ = std::make_unique<RasterCanvas>(picturewidth, pictureheight);
+    canvas6_->keepops();
+    canvas6_->spacelabels(picturewidth);
     canvas6_->beginbackground(st_.settings.color("bxianbackcolor"));
     canvas6_->storebackground();
     canvas6_->clear();
@@ -96,6 +113,7 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
     auto* layout = new QVBoxLayout();
     outer->addLayout(layout, 1);
     canvas3_ = std::make_unique<RasterCanvas>(620, 430);
+    canvas3_->keepops();
     st_.picture3 = canvas3_.get();
     outer->addWidget(sidepanel(central));
     picture1_ = sidepicture(central, true);
@@ -104,6 +122,7 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
     // dragged aside like the other panels.
     picture5_ = amodepanel(central);
     canvas9_ = std::make_unique<RasterCanvas>(300, 410);
+    canvas9_->keepops();
     st_.picture9 = canvas9_.get();
     enlargement_ = new QFrame(central);
     auto* zoom = new QVBoxLayout(enlargement_);
@@ -129,18 +148,24 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
     for (const char* name : {"aqddb", "azddb", "qjtdb"})
         popupdb_->addAction(caption(name))->setObjectName(name);
 
-    // The transport under the picture: direction, hand steps, play, the position bar and its speed.
-    auto* transport = new QHBoxLayout();
+    // The transport under the picture: direction, hand steps, play; under them the position bar and
+    // its speed.
+    auto* buttons = new QHBoxLayout();
+    QHBoxLayout* transport = buttons;
     for (const char* name : {"Command26", "Command27", "Command3", "Command8", "Command34", "Command25",
                              "Command21", "Command17"})
         transport->addWidget(button(name));
     // A right release on "放大" opens the magnifier.
     findChild<QPushButton*>("Command21")->installEventFilter(this);
+    transport->addStretch(1);
+    // The position bar across its own row, as wide as the picture allows.
+    auto* bars = new QHBoxLayout();
     auto* hscrolljd = named(new QScrollBar(Qt::Horizontal, central), "HScrolljd");
     hscrolljd->setFocusPolicy(Qt::StrongFocus); // taking the focus stops a running replay
     connect(hscrolljd, &QScrollBar::sliderReleased, this, [this] { focuspicture(); });
-    transport->addWidget(new QLabel("播放进度:", central));
-    transport->addWidget(hscrolljd, 1);
+    bars->addWidget(new QLabel("播放进度:", central));
+    bars->addWidget(hscrolljd, 1);
+    transport = bars;
     transport->addWidget(new QLabel("B显速度", central));
     auto* hscroll8 = named(new QScrollBar(Qt::Horizontal, central), "HScroll8");
     hscroll8->setMinimumWidth(90);
@@ -152,7 +177,12 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
     auto* text1 = named(new QLineEdit(central), "Text1");
     text1->setMaximumWidth(100);
     transport->addWidget(text1);
-    layout->addLayout(transport);
+    layout->addLayout(buttons);
+    layout->addLayout(bars);
+    overview_ = new OverviewView(
+        st_, [this](const std::function<void()>& h) { act(h); }, central);
+    overview_->setToolTip("全程概览：点击或拖动跳到该处");
+    layout->addWidget(overview_);
     comparison_ = comparisonhalf(central);
     layout->addWidget(comparison_, 1);
 
@@ -230,10 +260,17 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
     status->addWidget(pb1_, 1);
     layout->addLayout(status);
 
+    statusbar();
+    filemenu();
+    setAcceptDrops(true);
+    picture1_->installEventFilter(this);
     controls_ = new ControlView(st_, this, "", [this](const std::function<void()>& h) { act(h); });
+    applytips();
+    barvalues();
     ui_.setparent(this);
     ui_.setbar(pb1_);
     ui_.setbeforedialog([this] { refresh(); });
+    setMinimumSize(1024, 640); // below it the buttons of the transport no longer show whole
     // As large as the screen allows up to 1600 by 900, so that 1366 by 768 fits whole.
     const QRect room = screen() ? screen()->availableGeometry() : QRect(0, 0, 1600, 900);
     resize(std::min(1600, room.width()), std::min(900, room.height()));
@@ -447,7 +484,7 @@ QWidget* Form28Window::settingscolumn(QWidget* parent) {
     auto* colours = new QGroupBox("颜色设置", column);
     auto* colourrow = new QGridLayout(colours);
     int at = 0;
-    for (const char* name : {"Combjs", "Comcc", "Command13", "Command40", "Command41"}) {
+    for (const char* name : {"Combjs", "Comcc", "Command13", "Command40", "Command41", "Commandmr"}) {
         colourrow->addWidget(button(name), at / 3, at % 3);
         ++at;
     }
@@ -511,6 +548,123 @@ QWidget* Form28Window::printgroup(QWidget* parent) {
     panelrow->addWidget(named(new QLabel(panel), "Label33"));
     grid->addWidget(panel, row, 0, 1, 2);
     return group;
+}
+
+void Form28Window::filemenu() {
+    QMenu* file = menuBar()->addMenu(english(st_) ? "File" : "文件(&F)");
+    QAction* open = file->addAction(caption("Commandopen"));
+    open->setObjectName("Commandopen");
+    open->setShortcut(QKeySequence::Open);
+    QMenu* recent = file->addMenu(english(st_) ? "Recent" : "最近打开的记录");
+    for (int i = 0; i < recentlimit; ++i)
+        recent->addAction(QString())->setObjectName(QString("Menurecent(%1)").arg(i));
+    file->addSeparator();
+    connect(file->addAction(english(st_) ? "Quit" : "退出"), &QAction::triggered, this, &QWidget::close);
+    QMenu* help = menuBar()->addMenu(english(st_) ? "Keys" : "按键(&K)");
+    help->setToolTipsVisible(true);
+    connect(help->addAction(english(st_) ? "Keys on the picture" : "图像上的按键与滚轮"), &QAction::triggered,
+            this, [this] { ui_.message(keystip); });
+}
+
+void Form28Window::statusbar() {
+    for (const char* name : {"Statuspointer", "Statusplace", "Statusspeed", "Statusfile"}) {
+        auto* label = named(new QLabel(this), name);
+        label->setMinimumWidth(std::string(name) == "Statuspointer" ? 360 : 110);
+        statusBar()->addWidget(label, std::string(name) == "Statuspointer" ? 1 : 0);
+    }
+}
+
+void Form28Window::applytips() {
+    for (QObject* object : findChildren<QObject*>()) {
+        const QString name = object->objectName();
+        if (name.isEmpty()) continue;
+        const QString tip = QString::fromStdString(controltip(st_, name.toStdString()));
+        if (tip.isEmpty()) continue;
+        if (auto* widget = qobject_cast<QWidget*>(object); widget && widget->toolTip().isEmpty())
+            widget->setToolTip(tip);
+        else if (auto* entry = qobject_cast<QAction*>(object); entry && entry->toolTip() == entry->text())
+            entry->setToolTip(tip);
+    }
+}
+
+void Form28Window::barvalues() {
+    // The unit of each bar's value; the label stands beside its bar in the bar's row or column.
+    static const std::pair<const char*, const char*> units[] = {{"HScroll8", "档"}, {"HScroll7", "像素"},
+                                                                {"HScroll3", "点"}, {"HScroll10", "点"},
+                                                                {"HScroll1", "档"}, {"HScrolljd", ""}};
+    for (const auto& [name, unit] : units) {
+        auto* bar = findChild<QScrollBar*>(name);
+        if (!bar) continue;
+        auto* value = named(new QLabel(bar->parentWidget()), (std::string(name) + "value").c_str());
+        value->setMinimumWidth(52);
+        for (QBoxLayout* box : bar->parentWidget()->findChildren<QBoxLayout*>())
+            if (box->indexOf(bar) >= 0) {
+                box->insertWidget(box->indexOf(bar) + 1, value);
+                break;
+            }
+        barlabels_.push_back({bar, value, english(st_) ? QString() : QString::fromUtf8(unit)});
+    }
+}
+
+void Form28Window::showbarvalues() {
+    for (const BarLabel& b : barlabels_) {
+        // The position bar tells where the view stands of how far the run goes.
+        const QString text = b.bar->objectName() == "HScrolljd"
+                                 ? QString("%1/%2").arg(b.bar->value()).arg(b.bar->maximum())
+                                 : QString("%1 %2").arg(b.bar->value()).arg(b.unit);
+        if (b.label->text() != text) b.label->setText(text);
+    }
+}
+
+void Form28Window::openpath(const QString& path) {
+    pb1_->show();
+    act([this, path] { openrecording(st_, path.toStdString()); });
+    focuspicture();
+}
+
+void Form28Window::dragEnterEvent(QDragEnterEvent* event) {
+    for (const QUrl& url : event->mimeData()->urls())
+        if (url.isLocalFile() && url.toLocalFile().endsWith(".ktr", Qt::CaseInsensitive))
+            return event->acceptProposedAction();
+}
+
+void Form28Window::dropEvent(QDropEvent* event) {
+    for (const QUrl& url : event->mimeData()->urls())
+        if (url.isLocalFile()) {
+            event->acceptProposedAction();
+            return openpath(url.toLocalFile());
+        }
+}
+
+bool Form28Window::picturekey(QEvent* event) {
+    std::string key;
+    if (event->type() == QEvent::Wheel) {
+        auto* wheel = static_cast<QWheelEvent*>(event);
+        const int turn = wheel->angleDelta().y() != 0 ? wheel->angleDelta().y() : wheel->angleDelta().x();
+        if (turn == 0) return true;
+        const Qt::KeyboardModifiers held = wheel->modifiers();
+        key = std::string(held & Qt::ControlModifier ? "Ctrl+"
+                          : held & Qt::ShiftModifier ? "Shift+"
+                                                     : "") +
+              (turn > 0 ? "WheelUp" : "WheelDown");
+    } else {
+        auto* press = static_cast<QKeyEvent*>(event);
+        if (press->key() == Qt::Key_G && press->modifiers() & Qt::ControlModifier) {
+            auto* seek = findChild<QLineEdit*>("Text1");
+            seek->setFocus();
+            seek->selectAll();
+            return true;
+        }
+        static const std::pair<int, const char*> keys[] = {
+            {Qt::Key_Left, "Left"},         {Qt::Key_Right, "Right"},  {Qt::Key_PageUp, "PageUp"},
+            {Qt::Key_PageDown, "PageDown"}, {Qt::Key_Home, "Home"},    {Qt::Key_End, "End"},
+            {Qt::Key_Space, "Space"},       {Qt::Key_Escape, "Escape"}};
+        for (const auto& [code, name] : keys)
+            if (press->key() == code) key = name;
+        if (key.empty()) return false;
+    }
+    act([this, key] { keypress(st_, "Picture1", key); });
+    return true;
 }
 
 QPushButton* Form28Window::button(const char* name) {
@@ -721,7 +875,15 @@ void Form28Window::showform10() {
 }
 
 void Form28Window::refresh() {
-    setWindowTitle(QString::fromStdString(st_.form.caption));
+    // The caption of the station, and beside it the recording open in it.
+    const QString file = QString::fromStdString(st_.zhu.filepath).trimmed();
+    setWindowTitle(QString::fromStdString(st_.form.caption) +
+                   (file.isEmpty() ? QString() : "  —  " + QFileInfo(file).fileName()));
+    canvas_->spacelabels(st_.zhu.rulerx0 - 16);
+    canvas6_->spacelabels(st_.cong.rulerx0 - 16);
+    updateoverview(st_);
+    overview_->update();
+    showbarvalues();
     pb1_->setVisible(st_.form.pb1visible);
     controls_->refresh();
     if (formpk2_) formpk2_->refresh();
@@ -799,6 +961,8 @@ void Form28Window::placereadout(PictureView& view, const Side& side) {
 // The A-mode panel follows the pointer while the left button holds it.
 bool Form28Window::eventFilter(QObject* watched, QEvent* event) {
     const QEvent::Type type = event->type();
+    if (watched == picture1_ && (type == QEvent::KeyPress || type == QEvent::Wheel) && picturekey(event))
+        return true;
     if (watched->objectName() == "Command21" && type == QEvent::MouseButtonRelease &&
         static_cast<QMouseEvent*>(event)->button() == Qt::RightButton)
         act([this] { mouse(st_, "Command21", {"up", "right", 0, 0}); });

@@ -4,6 +4,7 @@
 #include <QPoint>
 #include <QPointF>
 #include <QPointer>
+#include <QString>
 
 #include <functional>
 #include <map>
@@ -36,6 +37,7 @@ class MasterWindow;
 class CurveWindow;
 class CurveView;
 class PictureView;
+class OverviewView;
 class RasterCanvas;
 
 class Form28Window : public QMainWindow {
@@ -55,9 +57,24 @@ class Form28Window : public QMainWindow {
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
   private:
+    // The menu "文件": open a recording, the recordings opened last.
+    void filemenu();
+    // The status bar's labels under the window.
+    void statusbar();
+    // Every named control without a tip of its own gets the station's.
+    void applytips();
+    // Each bar with its value and unit beside it.
+    void barvalues();
+    void showbarvalues();
+    // A key or the wheel on the picture, as the station names it; false for one it has no use for.
+    bool picturekey(QEvent* event);
+    // Opens PATH in the running station, its dialogs over this window.
+    void openpath(const QString& path);
     // Runs one act of the user through the logic, then shows what it left; a refused act is a message.
     void act(const std::function<void()>& handler);
     QPushButton* button(const char* name);
@@ -102,6 +119,14 @@ class Form28Window : public QMainWindow {
     PictureView* picture6_ = nullptr;
     QWidget* comparison_ = nullptr; // the lower half with Picture6
     PictureView* picture1_ = nullptr;
+    OverviewView* overview_ = nullptr;
+    struct BarLabel {
+        QScrollBar* bar;
+        QLabel* label;
+        QString unit;
+    };
+    std::vector<BarLabel> barlabels_; // each bar's value with its unit
+
     PictureView* picture3_ = nullptr;
     QWidget* picture5_ = nullptr;
     QTimer* t2_ = nullptr;

@@ -4,6 +4,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <cmath>
 
 namespace orvane {
 
@@ -24,6 +25,14 @@ QPointF PictureView::towidget(const QPointF& p) const {
     const double sw = canvas_.scalewidth > 0 ? canvas_.scalewidth : 1;
     const double sh = canvas_.scaleheight > 0 ? canvas_.scaleheight : 1;
     return {p.x() / sw * width(), (p.y() - canvas_.scaletop) / sh * height()};
+}
+
+void PictureView::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    // The canvas paints at the real pixels of the widget, the screen's ratio included.
+    const double ratio = devicePixelRatioF();
+    canvas_.resizepixels(static_cast<int>(std::lround(width() * ratio)),
+                         static_cast<int>(std::lround(height() * ratio)), ratio);
 }
 
 void PictureView::paintEvent(QPaintEvent*) {

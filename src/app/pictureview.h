@@ -1,5 +1,5 @@
 #pragma once
-// A picture box on screen: shows its canvas's image scaled to the widget, with what the window
+// A picture box on screen: shows its canvas's image at the widget's real pixels, with what the window
 // lays over it (the ruler), and tells presses and drags in the canvas's own units.
 #include <QWidget>
 
@@ -29,6 +29,7 @@ class PictureView : public QWidget {
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;

@@ -1,5 +1,6 @@
 #include "app/startup.h"
 
+#include "app/desk.h"
 #include "app/masterdata.h"
 
 #include "stores/settingsstore.h"
@@ -17,6 +18,7 @@
 #include "replay/bofang.h"
 #include "replay/controls.h"
 #include "replay/transport.h"
+#include "replay/wholerun.h"
 #include "reports/controls.h"
 #include "station/station.h"
 #include "station/text.h"
@@ -148,6 +150,7 @@ void assemble(Station& st) {
     registerreports(st);
     registercurves(st);
     registermasterdata(st);
+    registerdesk(st);
 }
 
 void entry(Station& st, const std::string& folder, const std::string& language) {
@@ -188,7 +191,10 @@ void windowload(Station& st, const std::string& commandline) {
         // The user wants a second full instance: from here it is a station like any other.
         st.instancecount = 1;
     }
+    loadpath(st, commandline);
+}
 
+void loadpath(Station& st, const std::string& commandline) {
     std::tm now = st.clock->now();
     char hhmmss[16];
     std::snprintf(hhmmss, sizeof hhmmss, "%02d%02d%02d", now.tm_hour, now.tm_min, now.tm_sec);
@@ -212,6 +218,8 @@ void windowload(Station& st, const std::string& commandline) {
     st.form.Label20hint = seekhint;
     st.playside = "zhu";
     st.form.comparisonvisible = false;
+    st.form.filesize = static_cast<std::int64_t>(fs::file_size(trimmed, ec));
+    if (ec) st.form.filesize = -1;
     setbuttontexts(st);
     if (st.language == "english") setenglishcaptions(st);
 
@@ -270,6 +278,7 @@ void windowactivate(Station& st) {
     st.zhu.viewindex = 600;
     yybscs(st);
     bofang(st);
+    updateoverview(st);
 }
 
 bool windowunload(Station& st) {

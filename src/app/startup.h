@@ -20,6 +20,9 @@ void entry(Station& st, const std::string& folder, const std::string& language =
 // Creation of Form28: second-instance check, the recording's path from the command line and its tests.
 void windowload(Station& st, const std::string& commandline);
 
+// Window load from the recording's path on: its tests, the captions and the constants.
+void loadpath(Station& st, const std::string& commandline);
+
 // First activation: the walk, the panels, the first picture.
 void windowactivate(Station& st);
 

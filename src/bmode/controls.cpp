@@ -108,11 +108,28 @@ void colours(Station& st) {
         Control c = control(std::string("Lys") + static_cast<char>('a' + k), ControlKind::label);
         c.enabled = recordingloaded;
         const std::string key = channels[k];
-        c.click = [key](Station& st, const std::string&) {
-            if (choosecolor(st, key)) repaint(st);
+        c.click = [key, k](Station& st, const std::string&) {
+            if (!choosecolor(st, key)) return;
+            repaint(st);
+            // Stored as chosen, but the user is told: a channel must not vanish without a word.
+            if (!nearbackground(st, st.settings.channelcolor[static_cast<std::size_t>(k)])) return;
+            const std::string channel(1, static_cast<char>('A' + k));
+            st.ui->message(english(st)
+                               ? "The colour of channel " + channel +
+                                     " is close to the background: its echoes will hardly show."
+                               : "通道" + channel + "的颜色与背景色太接近，该通道的回波将几乎看不见！");
         };
         st.controls.add(c);
     }
+    Control reset = control("Commandmr", ControlKind::button, "恢复默认设置");
+    reset.click = [](Station& st, const std::string&) {
+        if (!st.ui->askyesno(english(st) ? "Put every colour and display setting back to its default?"
+                                         : "确实要把全部颜色和显示设置恢复为默认值吗？"))
+            return;
+        resetsettings(st);
+        repaint(st);
+    };
+    st.controls.add(reset);
     for (const auto& [name, caption, key] : {std::tuple{"Combjs", "背景色", "bxianbackcolor"},
                                              {"Comcc", "窗口色", "formbackcolor"},
                                              {"Command13", "辅助线", "biaochicolor"}}) {

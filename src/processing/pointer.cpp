@@ -88,6 +88,9 @@ void pointermove(Station& st, Side& side, double x, double y) {
     const double d = depthof(st, side, y);
     const bool firstrow = st.displaymode != "fenjie" && st.oblique70 == 0;
     label.text = readouttext(st, km, firstrow || d >= 1 ? d : -1);
+    label.km = km;
+    label.depth = firstrow || d >= 1 ? d / 2 : -1;
+    label.row = row;
     label.left = x + 20;
     label.top = y;
     label.visible = true;

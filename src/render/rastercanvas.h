@@ -4,6 +4,10 @@
 #include "station/recordingcanvas.h"
 
 #include <QImage>
+#include <QRectF>
+
+#include <array>
+#include <vector>
 
 namespace orvane {
 
@@ -11,6 +15,18 @@ class RasterCanvas : public Canvas {
   public:
     RasterCanvas(int width, int height);
 
+    // A canvas on screen keeps the operations of its background and of its frame, so that it can paint
+    // them again at another size of pixels: the user scale then maps to the new pixels, dots keep
+    // their size in pixels and texts their proportions.
+    void keepops() { keep_ = true; }
+    // The pixels the canvas paints into, RATIO pixels to one pixel of the screen's layout; the kept
+    // operations are painted again. A canvas that keeps none only changes size at its next drawing.
+    void resizepixels(int width, int height, double ratio);
+    // Texts of a frame that would cover an earlier text, or run past the picture's edges or past
+    // LIMIT (user units across), are left out on screen: the labels along the foot stay readable.
+    void spacelabels(double limit) { spacing_ = true, labellimit_ = limit; }
+
+    void scale(double width, double top, double height) override;
     void clear() override;
     void pset(double x, double y) override;
     void line(double x1, double y1, double x2, double y2) override;
@@ -21,11 +37,21 @@ class RasterCanvas : public Canvas {
     const QImage& image() const { return image_; }
 
   private:
+    // The drawing state handed to the kept operations before each one.
+    RecordingCanvas& record();
+    bool recording() const;
     QPointF topixel(double x, double y) const;
     // A square of drawwidth pixels at P.
     void plot(QPointF p, QRgb value);
     QImage image_;
     QImage background_;
+    bool keep_ = false, replaying_ = false;
+    RecordingCanvas record_;
+    std::array<double, 3> backgroundscale_{1200, 0, 410};
+    double ratio_ = 1;
+    bool spacing_ = false;
+    double labellimit_ = 0;
+    std::vector<QRectF> labels_, backgroundlabels_; // the texts painted, of the frame and the background
 };
 
 // The picture of recorded operations painted WIDTH by HEIGHT pixels: the canvas's user scale maps to

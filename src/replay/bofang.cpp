@@ -29,10 +29,6 @@ bool follow(std::int32_t& c, const std::vector<std::int32_t>& list, std::int32_t
     return true;
 }
 
-std::string clocktext(const std::string& clock) {
-    return mid(clock, 1, 2) + ":" + mid(clock, 3, 2) + ":" + mid(clock, 5, 2);
-}
-
 // The position labels' slot of a sample between view indices A and B.
 std::int32_t sampleinslot(const Side& side, std::int32_t guess, std::int32_t a, std::int32_t b) {
     if (guess >= 0 && guess < side.samplecount && between(a, side.samplepos[guess], b)) return guess;
@@ -152,6 +148,10 @@ void bofang(Station& st, Side& side) {
             break;
         }
     }
+}
+
+std::string clocktext(const std::string& clock) {
+    return mid(clock, 1, 2) + ":" + mid(clock, 3, 2) + ":" + mid(clock, 5, 2);
 }
 
 void bofang(Station& st) {

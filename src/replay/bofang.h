@@ -3,6 +3,8 @@
 // lists follow the view and refresh their panels; the picture is drawn anew. bofangdb does the same
 // for the comparison side on its own picture.
 
+#include <string>
+
 namespace orvane {
 
 struct Station;
@@ -18,6 +20,9 @@ inline constexpr const char* f1to8[] = {"F1-阅",    "F2-怀疑",  "F3-鱼鳞纹
 
 // The clock, speed and kilometre of the samples on screen, and the notes of earlier analysis.
 void positionlabels(Station& st, Side& side);
+
+// A sample clock "hhmmss…" as "hh:mm:ss".
+std::string clocktext(const std::string& clock);
 
 // Moves the view to the position seektarget, then redraws.
 void gotoposition(Station& st, int seektarget);

@@ -3,6 +3,7 @@
 #include "bmode/bmode.h"
 #include "recording/zaodibo.h"
 #include "replay/bofang.h"
+#include "replay/wholerun.h"
 #include "replay/transport.h"
 #include "replay/viewmap.h"
 #include "station/station.h"
@@ -167,6 +168,7 @@ void registerreplay(Station& st) {
     markers(st);
     mapoptions(st);
     labels(st);
+    registeroverview(st);
 }
 
 } // namespace orvane

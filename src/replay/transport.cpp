@@ -8,6 +8,7 @@
 #include "station/station.h"
 #include "station/vbval.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -158,9 +159,12 @@ void replaytick(Station& st) {
 
 namespace {
 
-// A hand step forward of SIDE, to the end of its bar at most.
-void stepon(Station& st, Side& s, Said end) {
-    s.viewindex = std::max(s.viewindex + st.settings.manualstep, 600);
+// A step of AMOUNT view indices forward of SIDE, to the end of its bar at most.
+void stepon(Station& st, Side& s, Said end, std::int32_t amount) {
+    // Past the bar's end the view stands at the end anyway: the sum never leaves 32 bits.
+    const std::int64_t ahead = std::int64_t{s.viewindex} + amount;
+    s.viewindex = static_cast<std::int32_t>(
+        std::max<std::int64_t>(std::min<std::int64_t>(ahead, std::int64_t{s.scrollmax} * 300 + 1), 600));
     if (pastbar(s)) {
         s.viewindex = s.scrollmax * 300;
         bofang(st, s);
@@ -171,17 +175,20 @@ void stepon(Station& st, Side& s, Said end) {
 }
 
 // The other side follows a step forward unless it stands at an end of its file.
-void followon(Station& st, Side& s, Said start, Said end, Said barend) {
+void followon(Station& st, Side& s, Said start, Said end, Said barend, std::int32_t amount) {
     if (st.direction == 1) fzjjsz(st, s);
     if (st.direction == -1 && s.viewindex < 1300) return message(st, start);
     if (s.viewindex >= s.lastposition) return message(st, end);
-    stepon(st, s, barend);
+    stepon(st, s, barend, amount);
 }
 
-// A hand step back of SIDE, down to 600 at most.
-void stepbackon(Station& st, Side& s, Said floor) {
-    s.viewindex -= st.settings.manualstep;
-    if (s.viewindex >= 600) return settle(st, s);
+// A step of AMOUNT view indices back of SIDE, down to 600 at most.
+void stepbackon(Station& st, Side& s, Said floor, std::int32_t amount) {
+    const std::int64_t back = std::int64_t{s.viewindex} - amount;
+    if (back >= 600) {
+        s.viewindex = static_cast<std::int32_t>(back);
+        return settle(st, s);
+    }
     s.viewindex = 600;
     bofang(st, s);
     message(st, floor);
@@ -190,25 +197,34 @@ void stepbackon(Station& st, Side& s, Said floor) {
 } // namespace
 
 void stepforward(Station& st) {
-    stepon(st, st.zhu, atend);
-    if (comparisonfollows(st)) followon(st, st.cong, comparisonatstart, comparisonatend, atend);
+    stepforwardby(st, st.settings.manualstep);
 }
 
 void stepback(Station& st) {
-    stepbackon(st, st.zhu, atstart);
-    if (comparisonfollows(st)) stepbackon(st, st.cong, comparisonfloor);
+    stepbackby(st, st.settings.manualstep);
+}
+
+void stepforwardby(Station& st, std::int32_t amount) {
+    stepon(st, st.zhu, atend, amount);
+    if (comparisonfollows(st)) followon(st, st.cong, comparisonatstart, comparisonatend, atend, amount);
+}
+
+void stepbackby(Station& st, std::int32_t amount) {
+    stepbackon(st, st.zhu, atstart, amount);
+    if (comparisonfollows(st)) stepbackon(st, st.cong, comparisonfloor, amount);
 }
 
 void stepforwarddb(Station& st) {
     if (!st.form.comparisonvisible) return;
-    stepon(st, st.cong, {"已经播放到文件最后位置 ！", "end"});
-    if (!st.asynchronous) followon(st, st.zhu, {atstartmessage, "begin"}, atend, atend);
+    stepon(st, st.cong, {"已经播放到文件最后位置 ！", "end"}, st.settings.manualstep);
+    if (!st.asynchronous)
+        followon(st, st.zhu, {atstartmessage, "begin"}, atend, atend, st.settings.manualstep);
 }
 
 void stepbackdb(Station& st) {
     if (!st.form.comparisonvisible) return;
-    stepbackon(st, st.cong, comparisonfloor);
-    if (!st.asynchronous) stepbackon(st, st.zhu, atstart);
+    stepbackon(st, st.cong, comparisonfloor, st.settings.manualstep);
+    if (!st.asynchronous) stepbackon(st, st.zhu, atstart, st.settings.manualstep);
 }
 
 namespace {

@@ -3,6 +3,7 @@
 // two markers of a stretch. Every move ends in bofang, or bofangdb on the comparison side; in step
 // both sides move together, out of step only the side with the focus.
 
+#include <cstdint>
 #include <string>
 
 namespace orvane {
@@ -26,6 +27,9 @@ void pressplay(Station& st);
 // Command34 and Command27: a hand step forward or back, the comparison side following.
 void stepforward(Station& st);
 void stepback(Station& st);
+// The same by AMOUNT view indices (a screen for the page keys), with the same end messages.
+void stepforwardby(Station& st, std::int32_t amount);
+void stepbackby(Station& st, std::int32_t amount);
 // Command37 and Command38: the same with the comparison side leading.
 void stepforwarddb(Station& st);
 void stepbackdb(Station& st);

@@ -180,6 +180,12 @@ void mouse(Station& st, const std::string& name, const MouseAct& act) {
     if (c.mouse && usable(st, c)) c.mouse(st, act);
 }
 
+void keypress(Station& st, const std::string& name, const std::string& key) {
+    const Control& c = reach(st, name);
+    if (!c.key) throw ControlError("控件不接受按键：" + name);
+    if (usable(st, c)) c.key(st, key);
+}
+
 void focus(Station& st, const std::string& name) {
     const Control& c = reach(st, name);
     if (c.focus && usable(st, c)) c.focus(st);

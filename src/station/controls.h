@@ -64,6 +64,7 @@ struct Control {
     std::function<void(Station&, int row)> dblclick;                // a double click (row -1: none)
     std::function<void(Station&, const MouseAct&)> mouse;           // down, move, up on a canvas
     std::function<void(Station&, const std::string& entry)> select; // an entry of a combo box chosen
+    std::function<void(Station&, const std::string& key)> key;      // a key or a turn of the wheel
 
     // What it shows; a control without a reader has no such state.
     std::function<int(const Station&)> value; // check box and option 0/1, scroll bar
@@ -151,6 +152,9 @@ void dblclick(Station& st, const std::string& name, int row = -1);
 void select(Station& st, const std::string& name, const std::string& text);
 // A mouse act on the canvas or label NAME.
 void mouse(Station& st, const std::string& name, const MouseAct& act);
+// KEY pressed, or the wheel turned, over the control NAME: "Right", "PageDown", "Ctrl+WheelUp" …; a
+// key the control has no use for is refused.
+void keypress(Station& st, const std::string& name, const std::string& key);
 // The control NAME takes the focus.
 void focus(Station& st, const std::string& name);
 // The window FORM closed by its close box.

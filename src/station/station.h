@@ -36,7 +36,7 @@ struct LineShape {
 struct Side {
     explicit Side(bool main);
 
-    const bool main; // zhu, or else cong
+    bool main; // zhu, or else cong; fixed by the constructor (not const, so a station can start afresh)
     // The highest row the side's grids may have. The comparison side's grids are the comparison store,
     // whose bound the filter or the comparison sets, whichever makes the store first.
     std::int64_t gridlast;
@@ -138,6 +138,9 @@ struct Side {
         bool visible = false;
         double left = 0, top = 0;
         std::string text;
+        // Its values, for the status bar: the kilometre, the depth (-1: none) and the row under it.
+        double km = 0, depth = -1;
+        std::int32_t row = 0;
     } Label14;
 
     // Reads that may fall outside the map or the grid see the empty position and empty cells.
@@ -166,12 +169,35 @@ struct Side {
   public:
 };
 
+// The strip of the whole run under the picture: the main side's view indices in columns, each with
+// the echoes of its three groups of channels and the events that fall in it.
+struct Overview {
+    enum Event : std::uint8_t {
+        mark = 1,      // an operator's or a table mark, a mileage check
+        turnout = 2,   // a turnout number
+        restart = 4,   // a segment restart
+        reversal = 8,  // a stop where the walk turned
+        loss = 16,     // a loss of the bottom echo longer than the loss limit begins
+        filterhit = 32 // a hit of the filter
+    };
+    std::int64_t length = 0; // view indices of the run
+    int columns = 0;
+    // Per column: echoes of the 0°, 37° and 70° channels, the events, the kilometre at its start.
+    std::vector<std::array<std::uint32_t, 3>> echoes;
+    std::vector<std::uint8_t> events;
+    std::vector<float> km;
+    std::uint64_t signature = 0; // of what it was built from; a change builds it again
+    bool held = false;           // the left button holds the strip: a move goes there too
+};
+
 // The controls of Form28 whose values a rule reads or writes, under their control names.
 struct Form28State {
-    std::string caption;     // the window's caption
-    std::string Tmc;         // the analyst's name box
-    std::string Label20hint; // the hint of the kilometre seek
-    bool pb1visible = false; // progress bar of the walk
+    std::string caption;             // the window's caption
+    std::int64_t filesize = -1;      // bytes of the open recording, for the status bar (-1: unknown)
+    std::vector<std::string> recent; // the recordings opened last, newest first
+    std::string Tmc;                 // the analyst's name box
+    std::string Label20hint;         // the hint of the kilometre seek
+    bool pb1visible = false;         // progress bar of the walk
     double pb1max = 0;
     long pb1value = 0;
     bool lts1visible = false; // the label beside the bar
@@ -450,6 +476,7 @@ struct Station {
     // The comparison: set at every press of its button; the display mode before it opened.
     std::int16_t layoutchanged = 0;
     std::string savedmode;
+    Overview overview;
 
     // Ports.
     Ui* ui = nullptr;

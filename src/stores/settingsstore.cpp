@@ -1,4 +1,5 @@
 #include "stores/settingsstore.h"
+#include "stores/seedsql.h"
 
 #include "station/numbers.h"
 #include "station/station.h"
@@ -141,6 +142,38 @@ void colorpreset(Station& st, int preset) {
     setcolor(st, "bxianbackcolor", p.background);
     setcolor(st, "biaochicolor", p.scale);
     for (std::size_t c = 0; c < 9; ++c) setcolor(st, colorkeys[colorindex("acolor") + c], p.channels[c]);
+}
+
+void resetsettings(Station& st) {
+    // Every row of the seed as a new station folder gets it, in one transaction: all or none.
+    const std::string seed = stores::seed_color;
+    st.colordb->exec("begin immediate");
+    try {
+        st.colordb->exec("delete from color");
+        for (std::size_t at = 0, end; (end = seed.find(';', at)) != std::string::npos; at = end + 1) {
+            std::string statement = seed.substr(at, end - at);
+            statement.erase(0, statement.find_first_not_of(" \r\n"));
+            while (statement.rfind("--", 0) == 0) // comments before the statement
+                statement.erase(0, statement.find_first_not_of(" \r\n", statement.find('\n')));
+            if (statement.rfind("insert into color", 0) == 0) st.colordb->exec(statement);
+        }
+        st.colordb->exec("commit");
+    } catch (...) {
+        st.colordb->exec("rollback");
+        throw;
+    }
+    loadsettings(st);
+}
+
+bool nearbackground(const Station& st, std::uint32_t colour) {
+    const std::uint32_t back = st.settings.color("bxianbackcolor");
+    double distance = 0;
+    for (int shift : {0, 8, 16}) {
+        const double d =
+            static_cast<double>((colour >> shift) & 0xFF) - static_cast<double>((back >> shift) & 0xFF);
+        distance += d * d;
+    }
+    return distance < 60.0 * 60.0;
 }
 
 void savefilterdefaults(Station& st) {

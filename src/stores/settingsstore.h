@@ -36,6 +36,11 @@ bool choosecolor(Station& st, const std::string& key);
 // The colour presets: Command40 "纯黑" and Command41 "浅黄".
 void colorpreset(Station& st, int preset);
 
+// Every row of table color back to the values of a new station folder, then read again.
+void resetsettings(Station& st);
+// Whether COLOUR stands so close to the picture's background that dots of it hardly show.
+bool nearbackground(const Station& st, std::uint32_t colour);
+
 // Command36 "设为默认": the nine filter texts into row guolv.
 void savefilterdefaults(Station& st);
 
