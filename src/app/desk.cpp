@@ -233,6 +233,22 @@ void registerdesk(Station& st) {
         label.caption = reader;
         st.controls.add(label);
     }
+    // Each bar's value with its unit beside it; the position bar's of its maximum.
+    for (const auto& [bar, unit] : {std::pair{"HScroll8", "档"},
+                                    {"HScroll7", "像素"},
+                                    {"HScroll3", "点"},
+                                    {"HScroll10", "点"},
+                                    {"HScroll1", "档"},
+                                    {"HScrolljd", "/"}}) {
+        Control label = control(std::string(bar) + "value", ControlKind::label);
+        label.caption = [bar, unit](const Station& st) {
+            const Control& c = *st.controls.find(bar);
+            const std::string value = std::to_string(c.value ? c.value(st) : 0);
+            if (std::string(unit) == "/") return value + "/" + std::to_string(c.rangemax(st));
+            return english(st) ? value : value + " " + unit;
+        };
+        st.controls.add(label);
+    }
 }
 
 } // namespace orvane

@@ -210,7 +210,7 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
         t->setEditTriggers(QAbstractItemView::NoEditTriggers);
         t->verticalHeader()->hide();
         t->horizontalHeader()->hide();
-        t->setMaximumHeight(200);
+        t->setMaximumHeight(150);
         panels->addWidget(t);
     }
     // The job's heading (a click writes the job overview), the speed, and the analysis index.
@@ -264,9 +264,9 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
     filemenu();
     setAcceptDrops(true);
     picture1_->installEventFilter(this);
+    barvalues();
     controls_ = new ControlView(st_, this, "", [this](const std::function<void()>& h) { act(h); });
     applytips();
-    barvalues();
     ui_.setparent(this);
     ui_.setbar(pb1_);
     ui_.setbeforedialog([this] { refresh(); });
@@ -588,13 +588,9 @@ void Form28Window::applytips() {
 }
 
 void Form28Window::barvalues() {
-    // The unit of each bar's value; the label stands beside its bar in the bar's row or column.
-    static const std::pair<const char*, const char*> units[] = {{"HScroll8", "档"}, {"HScroll7", "像素"},
-                                                                {"HScroll3", "点"}, {"HScroll10", "点"},
-                                                                {"HScroll1", "档"}, {"HScrolljd", ""}};
-    for (const auto& [name, unit] : units) {
+    // Each value label beside its bar, in the bar's row or column.
+    for (const char* name : {"HScroll8", "HScroll7", "HScroll3", "HScroll10", "HScroll1", "HScrolljd"}) {
         auto* bar = findChild<QScrollBar*>(name);
-        if (!bar) continue;
         auto* value = named(new QLabel(bar->parentWidget()), (std::string(name) + "value").c_str());
         value->setMinimumWidth(52);
         for (QBoxLayout* box : bar->parentWidget()->findChildren<QBoxLayout*>())
@@ -602,17 +598,6 @@ void Form28Window::barvalues() {
                 box->insertWidget(box->indexOf(bar) + 1, value);
                 break;
             }
-        barlabels_.push_back({bar, value, english(st_) ? QString() : QString::fromUtf8(unit)});
-    }
-}
-
-void Form28Window::showbarvalues() {
-    for (const BarLabel& b : barlabels_) {
-        // The position bar tells where the view stands of how far the run goes.
-        const QString text = b.bar->objectName() == "HScrolljd"
-                                 ? QString("%1/%2").arg(b.bar->value()).arg(b.bar->maximum())
-                                 : QString("%1 %2").arg(b.bar->value()).arg(b.unit);
-        if (b.label->text() != text) b.label->setText(text);
     }
 }
 
@@ -883,7 +868,6 @@ void Form28Window::refresh() {
     canvas6_->spacelabels(st_.cong.rulerx0 - 16);
     updateoverview(st_);
     overview_->update();
-    showbarvalues();
     pb1_->setVisible(st_.form.pb1visible);
     controls_->refresh();
     if (formpk2_) formpk2_->refresh();

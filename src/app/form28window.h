@@ -68,9 +68,8 @@ class Form28Window : public QMainWindow {
     void statusbar();
     // Every named control without a tip of its own gets the station's.
     void applytips();
-    // Each bar with its value and unit beside it.
+    // Each bar with its value and unit beside it, in a label of the table of controls.
     void barvalues();
-    void showbarvalues();
     // A key or the wheel on the picture, as the station names it; false for one it has no use for.
     bool picturekey(QEvent* event);
     // Opens PATH in the running station, its dialogs over this window.

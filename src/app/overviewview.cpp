@@ -24,14 +24,14 @@ const EventLook looks[] = {
     {Overview::restart, QColor(255, 255, 255), 1}, {Overview::reversal, QColor(255, 80, 255), 1},
     {Overview::loss, QColor(255, 60, 60), 2},      {Overview::filterhit, QColor(255, 150, 0), 2},
 };
-constexpr int eventrows = 3, rowheight = 5, kmband = 13;
+constexpr int eventrows = 3, rowheight = 4, bandheight = 6, kmband = 12;
 } // namespace
 
 OverviewView::OverviewView(Station& st, Act act, QWidget* parent)
     : QWidget(parent), st_(st), act_(std::move(act)) {
     setObjectName("Overview");
     setMouseTracking(true);
-    setFixedHeight(eventrows * rowheight + 3 * 9 + kmband + 2);
+    setFixedHeight(eventrows * rowheight + 3 * bandheight + kmband + 2);
     setCursor(Qt::PointingHandCursor);
 }
 
@@ -59,7 +59,7 @@ void OverviewView::paintEvent(QPaintEvent*) {
             const double share = std::sqrt(static_cast<double>(n) / busiest[g]);
             QColor colour = hues[g];
             colour.setAlphaF(0.25 + 0.75 * share);
-            p.fillRect(QRectF(x, top + g * 9, std::max(1.0, step), 8), colour);
+            p.fillRect(QRectF(x, top + g * bandheight, std::max(1.0, step), bandheight - 1), colour);
         }
         for (const EventLook& look : looks)
             if (o.events[c] & look.event)

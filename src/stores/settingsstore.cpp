@@ -5,6 +5,7 @@
 #include "station/station.h"
 
 #include <algorithm>
+#include <sstream>
 
 namespace orvane {
 
@@ -150,13 +151,10 @@ void resetsettings(Station& st) {
     st.colordb->exec("begin immediate");
     try {
         st.colordb->exec("delete from color");
-        for (std::size_t at = 0, end; (end = seed.find(';', at)) != std::string::npos; at = end + 1) {
-            std::string statement = seed.substr(at, end - at);
-            statement.erase(0, statement.find_first_not_of(" \r\n"));
-            while (statement.rfind("--", 0) == 0) // comments before the statement
-                statement.erase(0, statement.find_first_not_of(" \r\n", statement.find('\n')));
-            if (statement.rfind("insert into color", 0) == 0) st.colordb->exec(statement);
-        }
+        // Each row of the seed is one line of its own.
+        std::istringstream lines(seed);
+        for (std::string line; std::getline(lines, line);)
+            if (line.rfind("insert into color ", 0) == 0) st.colordb->exec(line);
         st.colordb->exec("commit");
     } catch (...) {
         st.colordb->exec("rollback");
