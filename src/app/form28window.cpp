@@ -210,7 +210,7 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
         t->setEditTriggers(QAbstractItemView::NoEditTriggers);
         t->verticalHeader()->hide();
         t->horizontalHeader()->hide();
-        t->setMaximumHeight(150);
+        t->setMaximumHeight(130);
         panels->addWidget(t);
     }
     // The job's heading (a click writes the job overview), the speed, and the analysis index.
@@ -222,8 +222,8 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
     summary->addWidget(named(new QLabel(central), "Label2_1"));
     auto* index = named(new QPushButton(caption("Command1"), central), "Command1");
     index->setToolTip("列出标记点、积分值和交接记录");
-    summary->addWidget(index);
     auto* curves = new QHBoxLayout();
+    curves->addWidget(index);
     auto* gain = named(new QPushButton(caption("Command16"), central), "Command16");
     gain->setToolTip("各通道灵敏度沿全程的变化，并可转到积分值曲线和速度曲线");
     curves->addWidget(gain);
@@ -911,6 +911,12 @@ void Form28Window::refresh() {
     }
     picture5_->setVisible(st_.Picture5visible);
     comparison_->setVisible(st_.form.comparisonvisible);
+    // The panels give room to the comparison's picture while it shows.
+    for (const char* name : {"Grid1", "Grid2", "Grid3"}) {
+        auto* panel = findChild<QTableWidget*>(name);
+        const int height = st_.form.comparisonvisible ? 100 : 130;
+        if (panel->maximumHeight() != height) panel->setMaximumHeight(height);
+    }
     placereadout(*picture1_, st_.zhu);
     picture1_->findChild<QLabel*>("Label6")->move(
         picture1_->towidget({st_.form.Label6.left, st_.form.Label6.top}).toPoint());

@@ -1,6 +1,8 @@
 // The main window on the offscreen platform, its controls found by name.
+#include "app/desk.h"
 #include "app/dialogwindow.h"
 #include "app/form28window.h"
+#include "app/overviewview.h"
 #include "app/startup.h"
 #include "stationfixture.h"
 
@@ -10,6 +12,8 @@
 #include "bmode/formpk2window.h"
 #include "render/rastercanvas.h"
 #include "replay/bofang.h"
+#include "replay/transport.h"
+#include "replay/wholerun.h"
 #include "reports/workbook.h"
 #include "station/controls.h"
 #include "station/station.h"
@@ -21,9 +25,12 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QDir>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMimeData>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
@@ -34,6 +41,9 @@
 #include <QTableWidget>
 #include <QTest>
 #include <QTimer>
+#include <QUrl>
+#include <QWheelEvent>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <memory>
 
@@ -698,3 +708,116 @@ int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }
+
+namespace {
+
+// A key on the picture as the user presses it there.
+void key(QWidget* picture, Qt::Key code, Qt::KeyboardModifiers held = Qt::NoModifier) {
+    QTest::keyClick(picture, code, held);
+}
+
+// A turn of the wheel over the picture: up is back, down is on.
+void wheel(QWidget* picture, int delta, Qt::KeyboardModifiers held = Qt::NoModifier) {
+    const QPointF at(picture->width() / 2.0, picture->height() / 2.0);
+    QWheelEvent turn(at, picture->mapToGlobal(at), QPoint(), QPoint(0, delta), Qt::NoButton, held,
+                     Qt::NoScrollPhase, false);
+    QApplication::sendEvent(picture, &turn);
+}
+
+TEST_F(Form28Replay, KeysOnThePictureMoveTheViewByTheirSteps) {
+    QWidget* picture = control<QWidget>("Picture1");
+    const int step = st.settings.manualstep, screen = st.settings.viewspan;
+    key(picture, Qt::Key_Right);
+    EXPECT_EQ(st.zhu.viewindex, 600 + step);
+    key(picture, Qt::Key_Left);
+    EXPECT_EQ(st.zhu.viewindex, 600);
+    key(picture, Qt::Key_PageDown);
+    EXPECT_EQ(st.zhu.viewindex, 600 + screen);
+    key(picture, Qt::Key_PageUp);
+    EXPECT_EQ(st.zhu.viewindex, 600);
+    key(picture, Qt::Key_End);
+    EXPECT_EQ(st.zhu.viewindex, st.zhu.scrollmax * 300);
+    key(picture, Qt::Key_Home);
+    EXPECT_EQ(st.zhu.viewindex, 600);
+    key(picture, Qt::Key_Space);
+    EXPECT_TRUE(control<QTimer>("T1")->isActive());
+    key(picture, Qt::Key_Space);
+    EXPECT_FALSE(control<QTimer>("T1")->isActive());
+    EXPECT_EQ(control<QPushButton>("Command8")->text().toStdString(), "连续播放");
+    key(picture, Qt::Key_G, Qt::ControlModifier);
+    EXPECT_TRUE(control<QLineEdit>("Text1")->hasFocus() || !window->isActiveWindow());
+    st.Picture5visible = true;
+    window->refresh();
+    key(picture, Qt::Key_Escape);
+    EXPECT_FALSE(st.Picture5visible);
+    EXPECT_FALSE(control<QWidget>("Picture5")->isVisibleTo(window.get()));
+}
+
+TEST_F(Form28Replay, TheWheelStepsShiftTurnsAScreenCtrlExpands) {
+    QWidget* picture = control<QWidget>("Picture1");
+    const int step = st.settings.manualstep, screen = st.settings.viewspan;
+    wheel(picture, -120);
+    EXPECT_EQ(st.zhu.viewindex, 600 + step);
+    wheel(picture, 120);
+    EXPECT_EQ(st.zhu.viewindex, 600);
+    wheel(picture, 120);
+    EXPECT_EQ(st.zhu.viewindex, 600);
+    EXPECT_EQ(ui.messages, std::vector<std::string>{atstartmessage});
+    wheel(picture, -120, Qt::ShiftModifier);
+    EXPECT_EQ(st.zhu.viewindex, 600 + screen);
+    wheel(picture, 120, Qt::ControlModifier);
+    EXPECT_EQ(st.settings.viewspan, 600);
+    EXPECT_TRUE(control<QRadioButton>("Option8")->isChecked());
+    wheel(picture, -120, Qt::ControlModifier);
+    EXPECT_EQ(st.settings.viewspan, 1200);
+}
+
+TEST_F(Form28Replay, AClickOnTheOverviewGoesThereAndTheStatusBarFollows) {
+    window->resize(1366, 768);
+    window->show();
+    QApplication::processEvents();
+    auto* strip = control<OverviewView>("Overview");
+    ASSERT_NE(strip, nullptr);
+    const QPoint at(strip->width() / 2, strip->height() / 2);
+    QTest::mouseClick(strip, Qt::LeftButton, {}, at);
+    EXPECT_NEAR(st.zhu.viewindex - st.settings.viewspan / 2, overviewindex(st, strip->tostrip(at.x())), 1);
+    EXPECT_EQ(control<QLabel>("Statusplace")->text().toStdString(), statusplace(st));
+    EXPECT_EQ(control<QLabel>("Statusfile")->text().toStdString().rfind("small.ktr  (", 0), 0u);
+    EXPECT_EQ(control<QLabel>("HScrolljdvalue")->text().toStdString(),
+              std::to_string(st.zhu.viewindex / 300) + "/" + std::to_string(st.zhu.scrollmax));
+    EXPECT_EQ(control<QLabel>("HScroll8value")->text().toStdString(),
+              std::to_string(st.settings.bofsd) + " 档");
+    // The picture paints at the widget's own pixels.
+    auto* picture = control<PictureView>("Picture1");
+    EXPECT_EQ(static_cast<RasterCanvas*>(st.picture1)->image().width(),
+              qRound(picture->width() * picture->devicePixelRatioF()));
+    window->hide();
+}
+
+TEST_F(Form28Replay, TheOpenEntryAndADropLoadAnotherRecordingAfterSavingTheSession) {
+    const ktrgen::Recording other = ktrgen::generate(ktrgen::preset("small"), 9);
+    const std::string second = writefile("second.ktr", std::string(other.bytes.begin(), other.bytes.end()));
+    st.form.Tmc = "李四";
+    st.newpoints = 1; // a point of this session: the session is saved before the other opens
+    ui.answers = {second};
+    control<QAction>("Commandopen")->trigger();
+    EXPECT_EQ(st.zhu.filepath, second);
+    EXPECT_TRUE(std::any_of(st.written.begin(), st.written.end(),
+                            [](const std::string& path) { return path.find("李四") != std::string::npos; }));
+    EXPECT_TRUE(window->windowTitle().endsWith("second.ktr"));
+    EXPECT_EQ(control<QAction>("Menurecent(0)")->text().toStdString(),
+              std::filesystem::absolute(second).lexically_normal().string());
+
+    // The first again, dropped onto the window.
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(QString::fromStdString(temp.file("small.ktr")))});
+    QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window.get(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window.get(), &drop);
+    EXPECT_EQ(st.zhu.filepath, temp.file("small.ktr"));
+    EXPECT_EQ(st.zhu.viewindex, 600);
+}
+
+} // namespace
