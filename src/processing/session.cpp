@@ -24,7 +24,7 @@ constexpr std::size_t analystunits = 41; // characters of the name a 0x59 record
 constexpr int entriesperrecord = 20;
 
 std::string digits(const std::tm& t, bool date) {
-    char text[16];
+    char text[40]; // room for any int the fields may hold
     if (date)
         std::snprintf(text, sizeof text, "%04d%02d%02d", t.tm_year + 1900, t.tm_mon + 1, t.tm_mday);
     else
