@@ -20,10 +20,10 @@ struct CellValue {
 
 struct Sheet {
     std::string name;
-    std::map<std::pair<int, int>, CellValue> cells; // (row, column) from 1, in row then column order
-    std::map<int, double> rowfonts;                 // font size of a whole row
-    std::map<std::string, double> columnwidths;     // "A": width in character units
-    std::vector<std::string> borders;               // "A2:H9": thin lines on every cell
+    std::map<std::pair<int, int>, CellValue> cells{}; // (row, column) from 1, in row then column order
+    std::map<int, double> rowfonts{};                 // font size of a whole row
+    std::map<std::string, double> columnwidths{};     // "A": width in character units
+    std::vector<std::string> borders{};               // "A2:H9": thin lines on every cell
 
     // TEXT into cell (ROW, COLUMN); a text starting with an apostrophe stays text without it.
     void write(int row, int column, const std::string& text);

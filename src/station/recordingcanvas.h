@@ -21,7 +21,7 @@ struct DrawOp {
     int style = 0;
     double size = 0;
     bool bold = false;
-    std::string text;
+    std::string text{};
 };
 
 class RecordingCanvas : public Canvas {
