@@ -323,6 +323,25 @@ TEST_F(CliDump, SettingAnOptionAndPressingItLeaveTheSameState) {
     EXPECT_GE(compared, 9); // one of each pair at least
 }
 
+TEST_F(CliDump, KeysAndTheOverviewMoveTheViewHeadless) {
+    ktrgen::Recording rec;
+    const std::string path = smallrecording(rec);
+    const CliRun keys = cli("run " + path + " --do key:Picture1:PageDown --do key:Picture1:Right");
+    ASSERT_EQ(keys.status, 0) << keys.err;
+    const QJsonObject state = stateof(keys);
+    EXPECT_EQ(state["viewindex"].toInt(), 600 + state["manualstep"].toInt() + 1200);
+    EXPECT_TRUE(state["controls"].toObject()["Statusfile"].toObject()["caption"].toString().startsWith(
+        QString::fromStdString(std::filesystem::path(path).filename().string()) + "  ("));
+    const CliRun end = cli("run " + path + " --do key:Picture1:End --do key:Picture1:WheelDown");
+    EXPECT_EQ(stateof(end)["viewindex"].toInt(), stateof(end)["HScrolljd"].toObject()["max"].toInt() * 300);
+    EXPECT_NE(end.out.find("已经播放到文件最后位置！"), std::string::npos);
+    const CliRun strip = cli("run " + path + " --do mouse:Overview:down:left:0:0");
+    EXPECT_EQ(stateof(strip)["viewindex"].toInt(), 600);
+    const CliRun bad = cli("run " + path + " --do key:Picture1:F12");
+    EXPECT_EQ(bad.status, 2);
+    EXPECT_NE(bad.err.find("F12"), std::string::npos);
+}
+
 TEST_F(CliDump, EveryControlOfTheTableCanBeReachedHeadless) {
     ktrgen::Recording rec;
     const std::string path = smallrecording(rec);

@@ -7,6 +7,7 @@
 #include "app/pictureview.h"
 #include "app/startup.h"
 #include "bmode/formpk2window.h"
+#include "render/rastercanvas.h"
 #include "replay/bofang.h"
 #include "station/station.h"
 #include "stationfixture.h"
@@ -186,6 +187,28 @@ TEST_F(Form28Screenshot, TheCurvesAndTheTrack) {
     EXPECT_TRUE(window->grab().save(folder + "/form28-track.png"));
     window->findChild<QPushButton*>("Command28")->click();
     EXPECT_FALSE(track->isVisible());
+}
+
+} // namespace
+
+namespace {
+
+// The window at 1366 × 768 at the screen's ratio of pixels (2 on a high-density screen): the picture
+// paints at its real pixels, kept as a picture of the test run.
+TEST_F(Form28Screenshot, AtTheScreensOwnPixels) {
+    window->resize(1366, 768);
+    showat(demo.truth.joints.front(), "form28-joint");
+    const double ratio = picture->devicePixelRatioF();
+    const QImage& painted = static_cast<RasterCanvas*>(st.picture1)->image();
+    EXPECT_EQ(painted.width(), qRound(picture->width() * ratio));
+    EXPECT_EQ(painted.height(), qRound(picture->height() * ratio));
+    const QString name = QString("/form28-1366x768-ratio%1.png").arg(ratio);
+    EXPECT_TRUE(window->grab().save(QString(ORVANE_ARTIFACTS) + name));
+    // Nothing of the window is cut at this size: the transport's buttons show whole.
+    for (const char* button : {"Command26", "Command27", "Command8", "Command34", "Command17"}) {
+        auto* b = window->findChild<QPushButton*>(button);
+        EXPECT_GE(b->width(), b->minimumSizeHint().width()) << button;
+    }
 }
 
 } // namespace
