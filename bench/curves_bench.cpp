@@ -21,16 +21,10 @@ namespace fs = std::filesystem;
 const fs::path folder = fs::temp_directory_path() / "orvane-bench-curves";
 
 // The large recording, made once, with its curve canvases, the index loaded and the gain curve open.
-std::string largefile() {
-    fs::create_directories(folder);
-    const std::string path = (folder / "20261122_large.ktr").string();
-    if (!fs::exists(path)) ktrgen::writefile(path, ktrgen::generate(ktrgen::preset("large"), 1));
-    return path;
-}
 
 struct Loaded : LoadedStation {
     std::map<std::string, orvane::RecordingCanvas> canvases;
-    Loaded() : LoadedStation((folder / "station").string(), largefile()) {
+    Loaded() : LoadedStation((folder / "station").string(), largerecording(folder)) {
         for (const char* name : {"Form29.Picture1", "Form29.Picture2", "Form8.Picture1", "Form8.Picture2",
                                  "Form8.Picture3", "Form9.Picture1", "Form9.Picture2", "picturegj"})
             st.canvases[name] = &canvases[name];

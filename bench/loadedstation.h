@@ -7,7 +7,18 @@
 #include "station/station.h"
 #include "station/systemclock.h"
 
+#include "generator.h"
+
+#include <filesystem>
 #include <string>
+
+// The large synthetic recording in FOLDER, written on the first run and kept for the next.
+inline std::string largerecording(const std::filesystem::path& folder) {
+    std::filesystem::create_directories(folder);
+    const std::string path = (folder / "20261122_large.ktr").string();
+    if (!std::filesystem::exists(path)) ktrgen::writefile(path, ktrgen::generate(ktrgen::preset("large"), 1));
+    return path;
+}
 
 struct LoadedStation {
     orvane::ScriptedUi ui;

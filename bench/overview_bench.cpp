@@ -13,15 +13,9 @@ namespace fs = std::filesystem;
 
 const fs::path folder = fs::temp_directory_path() / "orvane-bench-overview";
 
-std::string largefile() {
-    fs::create_directories(folder);
-    const std::string path = (folder / "20261122_large.ktr").string();
-    if (!fs::exists(path)) ktrgen::writefile(path, ktrgen::generate(ktrgen::preset("large"), 1));
-    return path;
-}
 
 void OverviewOfTheLargeRecording(benchmark::State& state) {
-    static LoadedStation loaded((folder / "station").string(), largefile());
+    static LoadedStation loaded((folder / "station").string(), largerecording(folder));
     orvane::Station& st = loaded.st;
     for (auto _ : state) {
         st.overview.signature = 0; // built again each time
