@@ -13,7 +13,6 @@ namespace fs = std::filesystem;
 
 const fs::path folder = fs::temp_directory_path() / "orvane-bench-overview";
 
-
 void OverviewOfTheLargeRecording(benchmark::State& state) {
     static LoadedStation loaded((folder / "station").string(), largerecording(folder));
     orvane::Station& st = loaded.st;

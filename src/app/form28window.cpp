@@ -473,9 +473,13 @@ QWidget* Form28Window::settingscolumn(QWidget* parent) {
     };
     auto* column = new QWidget(parent);
     auto* box = new QVBoxLayout(column);
+    // Tight frames, so that the options and the colours fit beside the picture at 1366 by 768.
+    box->setSpacing(2);
+    box->setContentsMargins(4, 2, 4, 2);
     for (const Group& g : groups) {
         auto* frame = new QGroupBox(g.title, column);
         auto* row = new QHBoxLayout(frame);
+        row->setContentsMargins(6, 0, 6, 0);
         for (const char* name : g.options)
             row->addWidget(named(new QRadioButton(caption(name), frame), name));
         box->addWidget(frame);
