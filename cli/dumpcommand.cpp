@@ -140,9 +140,10 @@ std::string dumpjson(Station& st, const std::string& file, const std::vector<std
     if (ranges.cells) cellsjson(j, "cells", s, *ranges.cells);
     if (ranges.mileage) {
         j.key("mileage").beginarray();
-        for (std::int64_t p = std::max<std::int64_t>(0, ranges.mileage->first); p <= ranges.mileage->second;
-             ++p)
-            j.beginarray().value(p).value(p < rows ? s.mileage[p][0] : 0.0f).endarray();
+        // Cut to the grid's rows as the cells are: a range past them asks for nothing there is.
+        for (std::int64_t p = std::max<std::int64_t>(0, ranges.mileage->first);
+             p <= ranges.mileage->second && p < rows; ++p)
+            j.beginarray().value(p).value(s.mileage[p][0]).endarray();
         j.endarray();
     }
     j.endobject();

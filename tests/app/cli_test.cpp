@@ -323,6 +323,18 @@ TEST_F(CliDump, SettingAnOptionAndPressingItLeaveTheSameState) {
     EXPECT_GE(compared, 9); // one of each pair at least
 }
 
+TEST_F(CliDump, AMileageRangeToTheLargestNumberStopsAtTheGridsRows) {
+    ktrgen::Recording rec;
+    const std::string path = smallrecording(rec);
+    const CliRun r = cli("dump " + path + " --mileage 0:9223372036854775807");
+    ASSERT_EQ(r.status, 0) << r.err;
+    const QJsonArray rows = QJsonDocument::fromJson(QByteArray::fromStdString(r.out)).object()["mileage"].toArray();
+    ASSERT_FALSE(rows.isEmpty());
+    EXPECT_EQ(rows.first().toArray()[0].toInt(), 0);
+    EXPECT_GT(rows.last().toArray()[0].toInteger(), rec.truth.lastposition);
+    EXPECT_LT(rows.last().toArray()[0].toInteger(), 6400001);
+}
+
 TEST_F(CliDump, KeysAndTheOverviewMoveTheViewHeadless) {
     ktrgen::Recording rec;
     const std::string path = smallrecording(rec);
