@@ -476,6 +476,15 @@ int main(int argc, char** argv) {
     if (auto failure = startstation(st, args)) return failed(*failure);
 
     try {
+        // A recording that can't be read at all (missing, a folder, no permission) fails with its
+        // reason, not with the empty window it would leave.
+        if (args.command != "settings") {
+            const std::string& file = args.positional[0];
+            std::error_code ec;
+            if (!std::filesystem::is_regular_file(orvane::stripquotes(file), ec) ||
+                !std::ifstream(orvane::stripquotes(file), std::ios::binary))
+                return failed("无法读取文件：" + file);
+        }
         if (args.command == "frame" || args.command == "run" || args.command == "notice")
             return frame(st, ui, args);
         if (args.command == "clip") return clip(st, ui, args);

@@ -335,6 +335,18 @@ TEST_F(CliDump, AMileageRangeToTheLargestNumberStopsAtTheGridsRows) {
     EXPECT_LT(rows.last().toArray()[0].toInteger(), 6400001);
 }
 
+TEST_F(CliDump, ARecordingThatCannotBeReadFailsWithItsReason) {
+    const std::string missing = (std::filesystem::path(home).parent_path() / "missing.ktr").string();
+    const std::string folder = (std::filesystem::path(home).parent_path() / "folder.ktr").string();
+    std::filesystem::create_directories(folder);
+    for (const std::string& file : {missing, folder})
+        for (const char* command : {"dump ", "frame ", "run "}) {
+            const CliRun r = cli(command + file + (std::string(command) == "frame " ? " --ops /dev/null" : ""));
+            EXPECT_EQ(r.status, 1) << command << file;
+            EXPECT_NE(r.err.find("无法读取文件：" + file), std::string::npos) << command << r.err;
+        }
+}
+
 TEST_F(CliDump, KeysAndTheOverviewMoveTheViewHeadless) {
     ktrgen::Recording rec;
     const std::string path = smallrecording(rec);
