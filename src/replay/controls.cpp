@@ -3,11 +3,13 @@
 #include "bmode/bmode.h"
 #include "recording/zaodibo.h"
 #include "replay/bofang.h"
-#include "replay/wholerun.h"
 #include "replay/transport.h"
 #include "replay/viewmap.h"
+#include "replay/wholerun.h"
 #include "station/station.h"
 #include "stores/settingsstore.h"
+
+#include <algorithm>
 
 namespace orvane {
 
@@ -23,7 +25,11 @@ Control positionbar(const std::string& name, bool main) {
     if (!main) c.visible = comparisonshown;
     c.enabled = recordingloaded;
     c.maximum = [main](const Station& st) { return (main ? st.zhu : st.cong).scrollmax; };
-    c.value = [main](const Station& st) { return (main ? st.zhu : st.cong).viewindex / 300; };
+    // A jump may leave the view past the bar's last step; the bar then stands at its end.
+    c.value = [main](const Station& st) {
+        const Side& s = main ? st.zhu : st.cong;
+        return std::min(s.viewindex / 300, s.scrollmax);
+    };
     c.focus = takebar;
     c.change = [main](Station& st, int value) {
         takebar(st);

@@ -90,6 +90,9 @@ void loadsettings(Station& st) {
     s.integralshown = readsmall(st, "shoudbjz", "gpy");
     s.wholefile = readsmall(st, "shoudbjz", "fpy");
     s.losswavelimit = readsmall(st, "diandx", "apy");
+    // The filter's thresholds are read at first activation; a table without their row stops the start
+    // here, with the row named, rather than leave the filter boxes empty.
+    readfield(st, "guolv", "shuzhi");
 
     if (s.zuhfj == 1)
         st.displaymode = "zuhe";

@@ -328,7 +328,8 @@ TEST_F(CliDump, AMileageRangeToTheLargestNumberStopsAtTheGridsRows) {
     const std::string path = smallrecording(rec);
     const CliRun r = cli("dump " + path + " --mileage 0:9223372036854775807");
     ASSERT_EQ(r.status, 0) << r.err;
-    const QJsonArray rows = QJsonDocument::fromJson(QByteArray::fromStdString(r.out)).object()["mileage"].toArray();
+    const QJsonArray rows =
+        QJsonDocument::fromJson(QByteArray::fromStdString(r.out)).object()["mileage"].toArray();
     ASSERT_FALSE(rows.isEmpty());
     EXPECT_EQ(rows.first().toArray()[0].toInt(), 0);
     EXPECT_GT(rows.last().toArray()[0].toInteger(), rec.truth.lastposition);
@@ -341,7 +342,8 @@ TEST_F(CliDump, ARecordingThatCannotBeReadFailsWithItsReason) {
     std::filesystem::create_directories(folder);
     for (const std::string& file : {missing, folder})
         for (const char* command : {"dump ", "frame ", "run "}) {
-            const CliRun r = cli(command + file + (std::string(command) == "frame " ? " --ops /dev/null" : ""));
+            const CliRun r =
+                cli(command + file + (std::string(command) == "frame " ? " --ops /dev/null" : ""));
             EXPECT_EQ(r.status, 1) << command << file;
             EXPECT_NE(r.err.find("无法读取文件：" + file), std::string::npos) << command << r.err;
         }

@@ -163,6 +163,17 @@ TEST_F(Desk, EscapeClosesTheAModeThenTheEnlargedView) {
     EXPECT_FALSE(st.Picture9visible);
 }
 
+TEST_F(Desk, AStepNearTheLargestViewIndexStopsAtTheEndWithoutOverflow) {
+    st.zhu.viewindex = 2147483000;
+    press(st, "Command34");
+    EXPECT_EQ(st.zhu.viewindex, st.zhu.scrollmax * 300);
+    EXPECT_EQ(ui.messages, std::vector<std::string>{atendmessage});
+    st.zhu.viewindex = 2147483000;
+    EXPECT_EQ(reach(st, "HScrolljd").value(st), st.zhu.scrollmax); // the bar stands at its end
+    keypress(st, "Picture1", "PageUp");
+    EXPECT_EQ(st.zhu.viewindex, 2147483000 - st.settings.viewspan);
+}
+
 TEST_F(Desk, AKeyThePictureDoesNotTakeIsRefused) {
     EXPECT_THROW(keypress(st, "Picture1", "F5"), ControlError);
     EXPECT_THROW(keypress(st, "Command8", "Space"), ControlError);

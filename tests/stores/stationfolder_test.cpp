@@ -133,11 +133,22 @@ TEST_F(StationFolder, AMissingSettingRowIsNamed) {
     }
 }
 
+TEST_F(StationFolder, ASettingsTableWithoutTheFilterRowStopsTheStart) {
+    start();
+    st.colordb->exec("delete from color where weizhi='guolv'");
+    try {
+        loadsettings(st);
+        FAIL() << "the load went on";
+    } catch (const SettingsError& e) {
+        EXPECT_NE(std::string(e.what()).find("缺少行 guolv"), std::string::npos) << e.what();
+    }
+}
+
 TEST_F(StationFolder, AMissingSettingLeavesTheSettingsInForce) {
     start();
     const auto before = st.settings.viewspan;
     st.colordb->exec("update color set apy=600 where weizhi='shoudbjz'");
-    st.colordb->exec("delete from color where weizhi='guolv'"); // not read by the load
+    st.colordb->exec("delete from color where weizhi='guolv'");
     st.colordb->exec("delete from color where weizhi='icolor'");
     EXPECT_THROW(loadsettings(st), SettingsError);
     EXPECT_EQ(st.settings.viewspan, before);
