@@ -6,6 +6,7 @@
 #include "processing/session.h"
 #include "replay/bofang.h"
 #include "replay/transport.h"
+#include "replay/wholerun.h"
 #include "station/numbers.h"
 #include "station/station.h"
 #include "station/text.h"
@@ -167,6 +168,10 @@ std::string hoursminutes(double seconds) {
 }
 
 } // namespace
+
+std::string overviewtip(const Station& st, double x) {
+    return st.overview.columns == 0 ? std::string() : readouttext(st, overviewkm(st, x), -1);
+}
 
 std::string statuspointer(const Station& st) {
     const Side::Readout& r = st.zhu.Label14;

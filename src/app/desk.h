@@ -43,6 +43,9 @@ inline constexpr const char* keystip =
     "←/→：步退/步进　PageUp/PageDown：翻一屏　Home/End：文件开头/结尾\n"
     "空格：连续播放/暂停　Ctrl+G：指定里程　Esc：关闭A显或局部放大　Ctrl+O：打开记录";
 
+// The tip of the overview at X of its scale: the kilometre there, as the pointer's read-out writes it.
+std::string overviewtip(const Station& st, double x);
+
 // The status bar: what stands under the pointer, the view's place in the run, the replay's speed and
 // time left, the open file.
 std::string statuspointer(const Station& st);

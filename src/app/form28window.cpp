@@ -92,7 +92,6 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
     : QMainWindow(parent), st_(st), ui_(ui),
       canvas_(std::make_unique<RasterCanvas>(picturewidth, pictureheight)) {
     setObjectName("Form28");
-    canvas_->keepops();
     canvas_->spacelabels(picturewidth);
     canvas_->beginbackground(st_.settings.color("bxianbackcolor"));
     canvas_->storebackground();
@@ -100,7 +99,6 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
     st_.picture1 = canvas_.get();
 
     canvas6_ = std::make_unique<RasterCanvas>(picturewidth, pictureheight);
-    canvas6_->keepops();
     canvas6_->spacelabels(picturewidth);
     canvas6_->beginbackground(st_.settings.color("bxianbackcolor"));
     canvas6_->storebackground();
@@ -113,7 +111,6 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
     auto* layout = new QVBoxLayout();
     outer->addLayout(layout, 1);
     canvas3_ = std::make_unique<RasterCanvas>(620, 430);
-    canvas3_->keepops();
     st_.picture3 = canvas3_.get();
     outer->addWidget(sidepanel(central));
     picture1_ = sidepicture(central, true);
@@ -122,7 +119,6 @@ Form28Window::Form28Window(Station& st, DialogUi& ui, QWidget* parent)
     // dragged aside like the other panels.
     picture5_ = amodepanel(central);
     canvas9_ = std::make_unique<RasterCanvas>(300, 410);
-    canvas9_->keepops();
     st_.picture9 = canvas9_.get();
     enlargement_ = new QFrame(central);
     auto* zoom = new QVBoxLayout(enlargement_);
@@ -565,7 +561,6 @@ void Form28Window::filemenu() {
     file->addSeparator();
     connect(file->addAction(english(st_) ? "Quit" : "退出"), &QAction::triggered, this, &QWidget::close);
     QMenu* help = menuBar()->addMenu(english(st_) ? "Keys" : "按键(&K)");
-    help->setToolTipsVisible(true);
     connect(help->addAction(english(st_) ? "Keys on the picture" : "图像上的按键与滚轮"), &QAction::triggered,
             this, [this] { ui_.message(keystip); });
 }
@@ -613,7 +608,7 @@ void Form28Window::openpath(const QString& path) {
 
 void Form28Window::dragEnterEvent(QDragEnterEvent* event) {
     for (const QUrl& url : event->mimeData()->urls())
-        if (url.isLocalFile() && url.toLocalFile().endsWith(".ktr", Qt::CaseInsensitive))
+        if (url.isLocalFile() && extensionok(url.toLocalFile().toStdString()))
             return event->acceptProposedAction();
 }
 

@@ -4,7 +4,6 @@
 #include <QPoint>
 #include <QPointF>
 #include <QPointer>
-#include <QString>
 
 #include <functional>
 #include <map>
@@ -20,6 +19,7 @@ class QAction;
 class QPainter;
 class QProgressBar;
 class QPushButton;
+class QString;
 class QRadioButton;
 class QScrollBar;
 class QTableWidget;
@@ -119,13 +119,6 @@ class Form28Window : public QMainWindow {
     QWidget* comparison_ = nullptr; // the lower half with Picture6
     PictureView* picture1_ = nullptr;
     OverviewView* overview_ = nullptr;
-    struct BarLabel {
-        QScrollBar* bar;
-        QLabel* label;
-        QString unit;
-    };
-    std::vector<BarLabel> barlabels_; // each bar's value with its unit
-
     PictureView* picture3_ = nullptr;
     QWidget* picture5_ = nullptr;
     QTimer* t2_ = nullptr;

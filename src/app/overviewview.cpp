@@ -1,6 +1,6 @@
 #include "app/overviewview.h"
 
-#include "render/rastercanvas.h"
+#include "app/desk.h"
 #include "replay/wholerun.h"
 #include "station/station.h"
 

@@ -9,6 +9,7 @@
 namespace orvane {
 
 PictureView::PictureView(RasterCanvas& canvas, QWidget* parent) : QWidget(parent), canvas_(canvas) {
+    canvas_.keepops(); // so that a resize paints the picture again at the new pixels
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setMinimumSize(120, 60);
     setFocusPolicy(Qt::StrongFocus);

@@ -61,11 +61,6 @@ void RasterCanvas::resizepixels(int width, int height, double ratio) {
     image_ = QImage(width, height, QImage::Format_RGB32);
     background_ = QImage(width, height, QImage::Format_RGB32);
     ratio_ = ratio;
-    if (!keep_) {
-        background_.fill(Qt::black);
-        image_ = background_.copy();
-        return;
-    }
     // The kept operations painted again; the state in force afterwards is the one before.
     const double sw = scalewidth, st = scaletop, sh = scaleheight, x = currentx, y = currenty,
                  size = fontsize;

@@ -20,7 +20,7 @@ class RasterCanvas : public Canvas {
     // their size in pixels and texts their proportions.
     void keepops() { keep_ = true; }
     // The pixels the canvas paints into, RATIO pixels to one pixel of the screen's layout; the kept
-    // operations are painted again. A canvas that keeps none only changes size at its next drawing.
+    // operations are painted again.
     void resizepixels(int width, int height, double ratio);
     // Texts of a frame that would cover an earlier text, or run past the picture's edges or past
     // LIMIT (user units across), are left out on screen: the labels along the foot stay readable.

@@ -1,7 +1,6 @@
 #include "replay/wholerun.h"
 
 #include "replay/bofang.h"
-#include "station/numbers.h"
 #include "station/station.h"
 
 #include <algorithm>
@@ -111,23 +110,18 @@ bool updateoverview(Station& st) {
     return true;
 }
 
+double overviewkm(const Station& st, double x) {
+    const Overview& o = st.overview;
+    if (o.columns == 0 || !std::isfinite(x)) return 0;
+    return o.km[static_cast<std::size_t>(std::clamp(x, 0.0, static_cast<double>(o.columns - 1)))];
+}
+
 long overviewindex(const Station& st, double x) {
     const Overview& o = st.overview;
     if (o.columns == 0 || !std::isfinite(x)) return 0;
     const double share = std::clamp(x / o.columns, 0.0, 1.0);
     return static_cast<long>(
         std::min<double>(static_cast<double>(o.length - 1), share * static_cast<double>(o.length)));
-}
-
-std::string overviewtip(const Station& st, double x) {
-    const Overview& o = st.overview;
-    if (o.columns == 0) return "";
-    const int column = static_cast<int>(std::clamp(x, 0.0, static_cast<double>(o.columns - 1)));
-    const double km = o.km[static_cast<std::size_t>(column)];
-    const long whole = static_cast<long>(km);
-    const double metres = std::floor((km - std::floor(km)) * 10000) / 10;
-    return std::to_string(whole) + (english(st) ? "km+" : "公里+") + shortestdouble(metres) +
-           (english(st) ? "m" : "米");
 }
 
 void overviewgo(Station& st, double x) {

@@ -1,8 +1,6 @@
 #pragma once
 // The overview: the whole run of the main side in one strip, built from the grids once after the walk
 // and again when the filter, the alignment or the map changes it; a click goes where it points.
-#include <string>
-
 namespace orvane {
 
 struct Station;
@@ -15,7 +13,7 @@ bool updateoverview(Station& st);
 
 // The view index at X of the strip's own scale (0 to its columns), and the kilometre there.
 long overviewindex(const Station& st, double x);
-std::string overviewtip(const Station& st, double x);
+double overviewkm(const Station& st, double x);
 
 // The view comes to the place at X, the place in the middle of the screen.
 void overviewgo(Station& st, double x);
