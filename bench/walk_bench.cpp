@@ -1,18 +1,24 @@
 // The walk of a large recording beside a plain read of the same file and a walk that builds the
 // hexadecimal text of every record and reads its fields from the text.
 #include "app/startup.h"
+#include "recording/decoders.h"
 #include "recording/hex.h"
 #include "recording/walk.h"
 #include "station/scriptedui.h"
 #include "station/station.h"
 #include "station/systemclock.h"
 
+#include <algorithm>
 #include <array>
 #include <benchmark/benchmark.h>
+#include <chrono>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
+#include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -72,23 +78,30 @@ void PlainRead(benchmark::State& state) {
 }
 BENCHMARK(PlainRead)->Unit(benchmark::kMillisecond);
 
-void Walk(benchmark::State& state) {
-    const std::string& path = largerecording();
+// A station as the first activation leaves it before the walk, with the large recording as main.
+struct FreshStation {
     orvane::ScriptedUi ui;
-    orvane::SystemClock clock(1);
-    std::int32_t last = 0;
-    std::size_t gridbytes = 0;
-    for (auto _ : state) {
-        orvane::Station st;
+    orvane::SystemClock clock{1};
+    orvane::Station st;
+    FreshStation() {
         orvane::assemble(st);
         st.ui = &ui;
         st.clock = &clock;
         st.railheight = {0, 280, 304, 352, 384}; // as the first activation sets them
-        st.zhu.filepath = path;
-        orvane::walkfile(st, st.zhu);
-        last = st.zhu.lastposition;
-        gridbytes = st.zhu.samplegrid.bytes() + st.zhu.rawgrid.bytes() + st.zhu.mileage.bytes() +
-                    st.zhu.lossmark.size() / 8;
+        st.zhu.filepath = largerecording();
+    }
+};
+
+void Walk(benchmark::State& state) {
+    const std::string& path = largerecording();
+    std::int32_t last = 0;
+    std::size_t gridbytes = 0;
+    for (auto _ : state) {
+        FreshStation f;
+        orvane::walkfile(f.st, f.st.zhu);
+        last = f.st.zhu.lastposition;
+        gridbytes = f.st.zhu.samplegrid.bytes() + f.st.zhu.rawgrid.bytes() + f.st.zhu.mileage.bytes() +
+                    f.st.zhu.lossmark.size() / 8;
     }
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(fs::file_size(path)));
     state.counters["lastposition"] = last;
@@ -103,6 +116,62 @@ void Walk(benchmark::State& state) {
     state.counters["peak_rss_MB"] = peak / 1024.0;
 }
 BENCHMARK(Walk)->Unit(benchmark::kMillisecond);
+
+// The walk step by step: reading and decoding, then each step after it, in milliseconds a walk.
+void WalkPhases(benchmark::State& state) {
+    using clock = std::chrono::steady_clock;
+    std::map<std::string, double> ms;
+    for (auto _ : state) {
+        FreshStation f;
+        auto t = clock::now();
+        auto lap = [&](const std::string& name) {
+            const auto now = clock::now();
+            ms[name] += std::chrono::duration<double, std::milli>(now - t).count();
+            t = now;
+        };
+        orvane::readrecords(f.st, f.st.zhu);
+        lap("read_decode_ms");
+        for (const orvane::WalkStep& step : orvane::walksteps()) {
+            const bool on = step.run(f.st, f.st.zhu);
+            std::string name = std::string(step.name) + "_ms";
+            std::replace(name.begin(), name.end(), ' ', '_');
+            lap(name);
+            if (!on) break;
+        }
+    }
+    for (const auto& [name, total] : ms)
+        state.counters[name] = total / static_cast<double>(state.iterations());
+}
+BENCHMARK(WalkPhases)->Unit(benchmark::kMillisecond);
+
+// The decoders alone on the records of one type, held in memory: detection (0x42), samples (0x4D).
+// The parameter record comes first, as the detection decoder needs one.
+void Decode(benchmark::State& state, std::uint8_t type) {
+    std::ifstream in(largerecording(), std::ios::binary);
+    const std::vector<std::uint8_t> file((std::istreambuf_iterator<char>(in)),
+                                         std::istreambuf_iterator<char>());
+    std::int64_t bytes = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto f = std::make_unique<FreshStation>();
+        orvane::Side& side = f->st.zhu;
+        orvane::readrecords(f->st, side); // the side as a walk leaves it, with its grids grown
+        side.paramcount = side.samplecount = side.markcount = side.quartercount = 0;
+        orvane::storeparam(f->st, side, file.data());
+        state.ResumeTiming();
+        for (std::size_t at = orvane::recordbytes; at + orvane::recordbytes <= file.size();
+             at += orvane::recordbytes) {
+            const std::uint8_t* record = file.data() + at;
+            if (record[0] != type) continue;
+            if (type == 0x42) orvane::decodedetection(f->st, side, record);
+            if (type == 0x4D) orvane::decodesample(f->st, side, record);
+            bytes += orvane::recordbytes;
+        }
+    }
+    state.SetBytesProcessed(bytes);
+}
+BENCHMARK_CAPTURE(Decode, detection, 0x42)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Decode, sample, 0x4D)->Unit(benchmark::kMillisecond);
 
 // The baseline: every record becomes its 512-character text, pair by pair, and every field is read
 // back from the text.

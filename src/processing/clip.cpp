@@ -26,7 +26,7 @@ std::string position(std::int64_t p) {
 }
 
 // The element in force at P of an ascending list of COUNT positions: pos[i] <= p < pos[i + 1].
-std::int32_t inforce(const std::vector<std::int32_t>& pos, std::int32_t count, std::int32_t p) {
+std::int32_t inforce(const EventList<std::int32_t>& pos, std::int32_t count, std::int32_t p) {
     for (std::int32_t i = 0; i < count && i + 1 < static_cast<std::int32_t>(pos.size()); ++i)
         if (pos[i] <= p && p < pos[i + 1]) return i;
     return 0;

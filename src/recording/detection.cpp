@@ -1,7 +1,9 @@
 #include "recording/decoders.h"
 #include "recording/hex.h"
+#include "station/numbers.h"
 #include "station/station.h"
 
+#include <array>
 #include <cmath>
 
 namespace orvane {
@@ -22,6 +24,81 @@ int kindvalue(const std::string& kind) {
     return hexdigit(kind[0]) * 16 + hexdigit(kind[1]);
 }
 
+// What an entry of a code below 0x0E does: its kind, and for a hit the column it writes, the speed
+// of sound and multiplier index of its sound path, and whether the raw byte is kept (column -1: no
+// hit).
+struct EntryRule {
+    int kind = -1;
+    int column = -1;
+    double speed = 0;
+    int m = 0;
+    bool raw = false;
+};
+
+EntryRule entryrule(const Side& side, int code, int kind) {
+    const bool main = side.main;
+    switch (kind) {
+    case 0x45:
+    case 0x44:
+    case 0x49:
+    case 0x4A:
+    case 0x4B:
+    case 0x48:
+    case 0x47:
+    case 0x46:
+    case 0x25:
+    case 0x26:
+        return {kind, code - 1, shearspeed, code - 1, true};
+    case 0x12:
+    case 0x13:
+        return main ? EntryRule{kind, code - 1, longitudinalspeed, code - 1, true} : EntryRule{kind};
+    case 0x00:
+        return {kind, 8, longitudinalspeed, code - 1, true};
+    // The second values of G, H and I; the comparison side has no raw column for them.
+    case 0x0B:
+        return {kind, 10, shearspeed, 6, main};
+    case 0x0C:
+        return {kind, 11, shearspeed, 7, main};
+    case 0x0D:
+        return {kind, 12, longitudinalspeed, 8, main};
+    default:
+        return {kind};
+    }
+}
+
+// The rules of the codes below 0x0E with the sound path of every value of each hit, so that a hit
+// costs a look-up instead of its formula. They hold as long as the side's kind, its channel kinds
+// and its multipliers stay the same, which only a parameter record changes: they are kept for the
+// records after it.
+struct EntryRules {
+    bool made = false, main = false;
+    std::array<int, 9> kinds{};
+    std::array<std::int16_t, 9> scales{};
+    std::array<EntryRule, 14> rule{};
+    std::array<std::array<std::int16_t, 256>, 14> paths{};
+};
+
+const EntryRules& entryrules(const Side& side) {
+    thread_local EntryRules rules;
+    std::array<int, 9> kinds;
+    for (int k = 0; k < 9; ++k) kinds[k] = kindvalue(side.channelkind[k]);
+    if (rules.made && rules.main == side.main && rules.kinds == kinds && rules.scales == side.channelscale)
+        return rules;
+    rules.made = true;
+    rules.main = side.main;
+    rules.kinds = kinds;
+    rules.scales = side.channelscale;
+    for (int code = 1; code < 14; ++code) {
+        const EntryRule rule = entryrule(side, code, code < 10 ? kinds[code - 1] : code);
+        rules.rule[code] = rule;
+        if (rule.column < 0) continue;
+        for (int value = 0; value < 256; ++value)
+            rules.paths[code][value] =
+                static_cast<std::int16_t>(roundeven(rule.speed * value * side.channelscale[rule.m]));
+    }
+    return rules;
+}
+
 // Appends to the mark list. A list that is full keeps its last element for the newest event.
 void appendmark(Side& side, const std::string& text, std::int32_t p) {
     const std::int32_t last = static_cast<std::int32_t>(side.marktext.size()) - 1;
@@ -37,12 +114,6 @@ void markbesiderestart(Side& side, std::int32_t p, std::int16_t value) {
         side.samplegrid[p + 20][9] = value;
     else
         side.samplegrid[p][9] = value;
-}
-
-void hit(Side& side, std::int32_t p, int column, double speed, int m, int value, bool withraw) {
-    side.samplegrid[p][column] =
-        static_cast<std::int16_t>(std::nearbyint(speed * value * side.channelscale[m]));
-    if (withraw) side.rawgrid[p][column] = static_cast<std::uint8_t>(value);
 }
 
 void operatorevent(Station& st, Side& side, std::int32_t p, int value) {
@@ -66,39 +137,10 @@ void operatorevent(Station& st, Side& side, std::int32_t p, int value) {
     }
 }
 
-// One entry's kind acted on: a hit into the grids or an event into the lists.
-void act(Station& st, Side& side, std::int32_t p, int code, int kind, int value) {
+// One entry's event kind acted on: the lists and the mark column.
+void event(Station& st, Side& side, std::int32_t p, int kind, int value) {
     const bool main = side.main;
     switch (kind) {
-    case 0x45:
-    case 0x44:
-    case 0x49:
-    case 0x4A:
-    case 0x4B:
-    case 0x48:
-    case 0x47:
-    case 0x46:
-    case 0x25:
-    case 0x26:
-        hit(side, p, code - 1, shearspeed, code - 1, value, true);
-        break;
-    case 0x12:
-    case 0x13:
-        if (main) hit(side, p, code - 1, longitudinalspeed, code - 1, value, true);
-        break;
-    case 0x00:
-        hit(side, p, 8, longitudinalspeed, code - 1, value, true);
-        break;
-    // The second values of G, H and I; the comparison side has no raw column for them.
-    case 0x0B:
-        hit(side, p, 10, shearspeed, 6, value, main);
-        break;
-    case 0x0C:
-        hit(side, p, 11, shearspeed, 7, value, main);
-        break;
-    case 0x0D:
-        hit(side, p, 12, longitudinalspeed, 8, value, main);
-        break;
     case 0xFB:
         if (main && value >= 1) {
             side.samplegrid[p][9] = static_cast<std::int16_t>(value + 100);
@@ -133,8 +175,8 @@ void act(Station& st, Side& side, std::int32_t p, int code, int kind, int value)
         side.samplegrid[p][9] = static_cast<std::int16_t>(v);
         appendmark(side, std::to_string(v), p);
     }
-    int x = kind - 144;
-    if (kind >= 0 && between(5, x, 54)) {
+    const int x = kind - 144;
+    if (x >= 5 && x < 54) {
         st.markstate = 4;
         int v = 200 * x + value + 1950;
         side.samplegrid[p][9] = static_cast<std::int16_t>(v);
@@ -153,25 +195,54 @@ bool reachposition(Station& st, Side& side, std::int64_t position) {
 }
 
 void decodedetection(Station& st, Side& side, const std::uint8_t* record) {
-    if (side.main && side.paramcount == 0) return;
+    const bool main = side.main;
+    if (main && side.paramcount == 0) return;
+    const EntryRules& rules = entryrules(side);
+    const std::int32_t base = side.segmentbase;
+    // Below this position an entry needs neither the limit's test nor the grids' growth (events
+    // write up to 300 positions ahead); the grids' cells are then written directly.
+    std::int32_t plain = 0;
+    std::int16_t* cells = nullptr;
+    std::uint8_t* raws = nullptr;
+    auto plaingrids = [&] {
+        const std::int64_t reach = side.gridrows - 301;
+        plain = static_cast<std::int32_t>(std::min<std::int64_t>(main ? positionlimit : reach, reach));
+        cells = side.samplegrid[0];
+        raws = side.rawgrid[0];
+    };
+    plaingrids();
     std::int32_t p = 0;
     for (int i = 0; i <= 50; ++i) {
         const std::uint8_t* entry = record + 1 + 5 * i;
         if (allzero(entry, 5)) break;
-        p = bigendian(entry, 3) + side.segmentbase;
-        if (side.main && p > positionlimit) {
-            st.ui->message(std::string(toolargemessage) + std::to_string(p) + "  " + hexof(entry, 5));
-            side.abortflag = 1;
-            return;
+        p = bigendian(entry, 3) + base;
+        if (p > plain) {
+            if (main && p > positionlimit) {
+                st.ui->message(std::string(toolargemessage) + std::to_string(p) + "  " + hexof(entry, 5));
+                side.abortflag = 1;
+                return;
+            }
+            if (!reachposition(st, side, static_cast<std::int64_t>(p) + 300)) return;
+            plaingrids();
         }
-        // Events write up to 300 positions ahead.
-        if (!reachposition(st, side, static_cast<std::int64_t>(p) + 300)) return;
         const int code = entry[3];
         if (code == 0) continue;
-        if (side.main && code >= 14 && code <= 142) break;
+        if (main && code >= 14 && code <= 142) break;
         const int value = entry[4];
-        const int kind = code < 10 ? kindvalue(side.channelkind[code - 1]) : code;
-        act(st, side, p, code, kind, value);
+        // From 0x0E on the code is the kind; the comparison side meets its channel kinds there too,
+        // but their column would be the code's, which the grid doesn't have: only events count.
+        if (code >= 14) {
+            event(st, side, p, code, value);
+            continue;
+        }
+        const EntryRule& rule = rules.rule[code];
+        if (rule.column < 0) {
+            event(st, side, p, rule.kind, value);
+            continue;
+        }
+        const std::size_t cell = static_cast<std::size_t>(p) * Side::gridcolumns + rule.column;
+        cells[cell] = rules.paths[code][value];
+        if (rule.raw) raws[cell] = static_cast<std::uint8_t>(value);
     }
     side.lastposition = p;
     side.quartercount = std::min(side.quartercount + 1, 19900);

@@ -90,7 +90,7 @@ void dispatch(Station& st, Side& side, const std::uint8_t* record) {
 }
 
 // Reads every record of the file; false when the file cannot be read at all.
-bool readrecords(Station& st, Side& side) {
+bool readfile(Station& st, Side& side) {
     std::error_code ec;
     const std::string& path = side.filepath;
     if (!fs::is_regular_file(path, ec)) {
@@ -155,31 +155,23 @@ void completemileage(Side& side) {
     }
 }
 
-bool walkfile(Station& st, Side& side) {
-    if (!side.main) {
-        std::error_code ec;
-        if (!fs::exists(side.filepath, ec) || !lastcharisextension(side.filepath)) {
-            st.ui->message(side.filepath + "有误");
-            return false;
-        }
-    }
-    resetside(st, side);
-    if (!readrecords(st, side)) return false;
+namespace {
 
-    // The end of the file lies at least 400 positions behind the last sample and job record.
+// The end of the file lies at least 400 positions behind the last sample and job record; the grids
+// must reach it. Then the flags of the line from the last job record and the sentinels behind the
+// lists' counts. A file without samples ends the walk here.
+bool endwalk(Station& st, Side& side) {
     if (side.samplecount > 0 && side.lastposition < side.samplepos[side.samplecount - 1] + 400)
         side.lastposition = side.samplepos[side.samplecount - 1] + 400;
     if (side.jobcount > 0 && side.lastposition < side.jobpos[side.jobcount - 1] + 400)
         side.lastposition = side.jobpos[side.jobcount - 1] + 400;
-    if (side.samplecount == 0) return side.abortflag != 1;
+    if (side.samplecount == 0) return false;
     if (!side.reachgrids(side.lastposition)) {
         st.ui->message("记录位置超出范围：" + side.filepath + "，结束位置 " +
                        std::to_string(side.lastposition) + " 截至 " + std::to_string(side.gridlast));
         side.lastposition = static_cast<std::int32_t>(side.gridlast);
         side.abortflag = 1;
     }
-
-    completemileage(side);
 
     if (side.main && side.jobcount > 0) {
         // Byte 121 of the last job record: "02" a subway line, a low digit 1 the Beijing bureau.
@@ -199,13 +191,53 @@ bool walkfile(Station& st, Side& side) {
     side.samplepos[side.samplecount] = side.lastposition;
     if (side.paramcount > 0) side.paramrec[side.paramcount] = side.paramrec[side.paramcount - 1];
     side.sampleclock[side.samplecount] = side.sampleclock[side.samplecount - 1];
+    return true;
+}
 
+bool mileagestep(Station&, Side& side) {
+    completemileage(side);
+    return true;
+}
+
+bool bottomwavestep(Station& st, Side& side) {
     zaodibo(st, side);
+    return true;
+}
+
+bool mapstep(Station& st, Side& side) {
     side.scrollmax = scrollmaximum(side.lastposition);
     st.hooks.rebuildmap(st, side);
     side.quarterindex[0] = 0;
     side.quarterlast = (side.quartercount + 3) / 4;
     side.quarterindex[side.quarterlast] = side.lastposition + 500;
+    return true;
+}
+
+constexpr WalkStep steps[] = {
+    {"ends", endwalk}, {"mileage", mileagestep}, {"bottom wave", bottomwavestep}, {"map", mapstep}};
+
+} // namespace
+
+bool readrecords(Station& st, Side& side) {
+    if (!side.main) {
+        std::error_code ec;
+        if (!fs::exists(side.filepath, ec) || !lastcharisextension(side.filepath)) {
+            st.ui->message(side.filepath + "有误");
+            return false;
+        }
+    }
+    resetside(st, side);
+    return readfile(st, side);
+}
+
+std::span<const WalkStep> walksteps() {
+    return steps;
+}
+
+bool walkfile(Station& st, Side& side) {
+    if (!readrecords(st, side)) return false;
+    for (const WalkStep& step : walksteps())
+        if (!step.run(st, side)) break;
     return side.abortflag != 1;
 }
 

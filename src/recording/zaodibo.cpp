@@ -37,30 +37,33 @@ void zaodibo(Station& st, Side& side) {
     Clock& clock = *st.clock;
     const bool subway = side.main && st.subwayflag == "beijingditie";
     side.lossmark.assign(static_cast<std::size_t>(side.gridrows), false);
-    std::int64_t counter = 0;
+    // Every empty cell counts; at each multiple of the run length the foot line steps. The next
+    // multiple is kept instead of dividing at every cell.
+    std::int64_t counter = 0, due = 0;
+    auto newrun = [&](std::int64_t run) { due = (counter / run + 1) * run; };
     float height = st.railheight[3];
     for (std::int32_t i = 0; i < side.paramcount; ++i) {
         if (side.parampos[i + 1] > positionlimit) break;
         height = footheight(st, side.paramrec[i], height);
         const auto flat = static_cast<std::int16_t>(roundeven(height));
-        std::int64_t run = static_cast<std::int64_t>(clock.rnd() * 16 + 5);
+        const std::int16_t subwayfoot = static_cast<std::int16_t>(roundeven(height + 5));
+        newrun(static_cast<std::int64_t>(clock.rnd() * 16 + 5));
         clock.rnd(); // a second draw that the foot line never uses
         const std::int64_t last = std::min<std::int64_t>(side.parampos[i + 1], side.gridrows - 1);
         for (std::int64_t p = std::max(0, side.parampos[i]); p <= last; ++p) {
             std::int16_t* row = side.samplegrid[p];
             if (row[8] == 0) {
-                ++counter;
-                if (counter % run != 0) {
+                if (++counter != due) {
                     row[8] = flat;
                 } else {
                     // The foot line stays flat for 5 to 21 positions, then steps by up to two units.
                     const bool down = clock.rnd() * 2 > 1;
                     const double r = clock.rnd();
                     row[8] = static_cast<std::int16_t>(roundeven(down ? height - 2 * r : height + 2 * r));
-                    run = static_cast<std::int64_t>(roundeven(clock.rnd() * 16 + 5));
+                    newrun(static_cast<std::int64_t>(roundeven(clock.rnd() * 16 + 5)));
                 }
             }
-            if (subway) row[4] = static_cast<std::int16_t>(roundeven(height + 5));
+            if (subway) row[4] = subwayfoot;
         }
     }
     markbottomloss(st, side);

@@ -16,7 +16,7 @@ namespace {
 
 // Moves cursor C forward along LIST until HERE lies between its element and the next; true when
 // the cursor had to move. OUTOFLIST is the value it takes when the list ends first.
-bool follow(std::int32_t& c, const std::vector<std::int32_t>& list, std::int32_t count, std::int32_t bound,
+bool follow(std::int32_t& c, const EventList<std::int32_t>& list, std::int32_t count, std::int32_t bound,
             std::int32_t here, std::int32_t outoflist) {
     auto holds = [&](std::int32_t i) {
         return i >= 0 && i + 1 <= bound && i + 1 < static_cast<std::int32_t>(list.size()) &&

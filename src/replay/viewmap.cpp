@@ -24,12 +24,34 @@ void filltail(Side& side, std::int64_t from) {
 }
 
 // A position carries something: a mark, or an echo of a channel under its alignment word.
-bool filled(const Side& side, std::int64_t position) {
+bool filledat(const Side& side, std::int64_t position) {
     if (side.cellat(position, 9) != 0) return true;
     for (int c = 0; c < 9; ++c)
         if (side.rawat(position + side.pinkongval[c], c) != 0) return true;
     return false;
 }
+
+// The same test for the positions whose shifted rows all lie in the grids, without the tests of
+// each read: the map reads every position of the recording.
+class FilledTest {
+  public:
+    explicit FilledTest(const Side& side) : side_(side) {
+        const auto [low, high] = std::minmax_element(side.pinkongval.begin(), side.pinkongval.end());
+        from_ = std::max<std::int64_t>(0, -*low);
+        to_ = std::min<std::int64_t>(side.gridrows, side.gridrows - *high) - 1;
+    }
+    bool operator()(std::int64_t position) const {
+        if (position < from_ || position > to_) return filledat(side_, position);
+        if (side_.samplegrid[position][9] != 0) return true;
+        for (int c = 0; c < 9; ++c)
+            if (side_.rawgrid[position + side_.pinkongval[c]][c] != 0) return true;
+        return false;
+    }
+
+  private:
+    const Side& side_;
+    std::int64_t from_ = 0, to_ = -1;
+};
 
 } // namespace
 
@@ -44,15 +66,16 @@ void jjfzjjsz(Station&, Side& side) {
         for (std::int64_t p = from; p <= to; ++p) side.viewmap[out++] = static_cast<std::int32_t>(p);
     };
     const std::int64_t last = side.lastposition;
+    const FilledTest filled(side);
     std::int64_t k = 600;
     while (k <= last) {
-        if (filled(side, k)) {
+        if (filled(k)) {
             side.viewmap[out++] = static_cast<std::int32_t>(k++);
             continue;
         }
         const std::int64_t first = k;
         std::int64_t next = k + 1;
-        while (next <= last && !filled(side, next)) ++next;
+        while (next <= last && !filled(next)) ++next;
         if (next > last) {
             // Silence to the end of the file: a short stretch of it, and the join is marked.
             copy(first, first + keep + 30);
@@ -105,21 +128,31 @@ void rebuildmap(Station& st, Side& side) {
 
     // The reverse filter: a stretch between two stops less than 1101 positions apart (about 3.85 m)
     // is a frequent reversal and leaves the view. The last stop is never examined.
-    std::vector<std::int8_t> keep(static_cast<std::size_t>(side.lastposition) + 10001, 0);
-    std::fill(keep.begin(), keep.begin() + side.lastposition + 1, 1);
-    const std::vector<std::int32_t> copy(side.viewmap);
+    std::vector<std::int8_t> keep;
     std::int64_t previous = -2000;
     for (std::int32_t n = 0; n <= side.stopcount - 2; ++n) {
         const std::int64_t stop = side.stoplist[n];
-        if (stop - previous < 1101)
+        if (stop - previous < 1101) {
+            if (keep.empty()) {
+                keep.assign(static_cast<std::size_t>(side.lastposition) + 10001, 0);
+                std::fill(keep.begin(), keep.begin() + side.lastposition + 1, 1);
+            }
             for (std::int64_t k = std::max<std::int64_t>(previous, 0); k <= stop && k < std::ssize(keep); ++k)
                 keep[k] = -1;
+        }
         previous = stop;
     }
+    // The map loses those positions in place: what is kept moves forward, never past what is read.
     std::int64_t out = 0;
-    for (std::int64_t k = 0; k <= side.viewlength && k < std::ssize(copy); ++k) {
-        const std::int64_t p = copy[k];
-        if (p < 0 || p >= std::ssize(keep) || keep[p] != -1) side.viewmap[out++] = copy[k];
+    const std::int64_t end = std::min<std::int64_t>(side.viewlength, std::ssize(side.viewmap) - 1);
+    if (keep.empty()) {
+        out = end + 1;
+    } else {
+        for (std::int64_t k = 0; k <= end; ++k) {
+            const std::int64_t p = side.viewmap[k];
+            if (p < 0 || p >= std::ssize(keep) || keep[p] != -1)
+                side.viewmap[out++] = static_cast<std::int32_t>(p);
+        }
     }
     filltail(side, out);
     side.scrollmax = scrollmaximum(out);

@@ -4,6 +4,7 @@
 // reports read these lists.
 #include <cstdint>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 namespace orvane {
@@ -13,8 +14,9 @@ struct Side;
 
 // Element I of a list, or the empty value past its end: the lists end with a sentinel, and a read
 // past it sees nothing rather than memory that isn't the list's.
-template <class T> T element(const std::vector<T>& list, std::int64_t i) {
-    return i >= 0 && i < static_cast<std::int64_t>(list.size()) ? list[static_cast<std::size_t>(i)] : T{};
+template <class List> auto element(const List& list, std::int64_t i) {
+    using T = std::decay_t<decltype(list[0])>;
+    return i >= 0 && i < static_cast<std::int64_t>(list.size()) ? T(list[static_cast<std::size_t>(i)]) : T{};
 }
 
 // The speed at position P: the slower of the two samples around it. K is the running index of a pass

@@ -8,10 +8,6 @@
 
 namespace orvane {
 
-double roundeven(double v) {
-    return std::nearbyint(v);
-} // the default rounding mode is to nearest, ties even
-
 std::optional<std::int16_t> toint16(double v) {
     double r = roundeven(v);
     if (!(r >= -32768 && r <= 32767)) return std::nullopt;

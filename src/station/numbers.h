@@ -1,13 +1,21 @@
 #pragma once
 // Number conversions as the station makes them.
+#include <cmath>
 #include <cstdint>
 #include <optional>
 #include <string>
 
 namespace orvane {
 
-// Real to integer: nearest, ties to even.
-double roundeven(double v);
+// Real to integer: nearest, ties to even. Below 2^51 in size, adding 1.5 · 2^52 and taking it away
+// again rounds exactly so in the default rounding mode, without a call into the library; the sign
+// keeps a zero's sign as the library's rounding gives it.
+inline double roundeven(double v) {
+    constexpr double limit = 2251799813685248.0; // 2^51
+    constexpr double shift = 6755399441055744.0; // 1.5 · 2^52
+    if (v > -limit && v < limit) return std::copysign((v + shift) - shift, v);
+    return std::nearbyint(v);
+}
 
 // A real rounded to a 16-bit signed integer; nullopt when it does not fit.
 std::optional<std::int16_t> toint16(double v);

@@ -4,6 +4,7 @@
 #include "station/canvas.h"
 #include "station/controls.h"
 #include "station/grids.h"
+#include "station/lists.h"
 #include "station/ports.h"
 #include "station/settings.h"
 
@@ -47,33 +48,33 @@ struct Side {
     std::int16_t abortflag = 0;
 
     // Event lists with their counters; each ends with a sentinel behind its count after a load.
-    std::vector<std::string> gpstext;
-    std::vector<std::int32_t> gpspos;
+    EventList<std::string> gpstext;
+    EventList<std::int32_t> gpspos;
     std::int32_t gpscount = 0;
-    std::vector<bool> suppressionon; // main side only
-    std::vector<std::string> jobrec;
-    std::vector<std::int32_t> jobpos;
+    EventList<bool> suppressionon; // main side only
+    EventList<std::string> jobrec;
+    EventList<std::int32_t> jobpos;
     std::int32_t jobcount = 0;
-    std::vector<std::string> paramrec;
-    std::vector<std::int32_t> parampos;
+    EventList<std::string> paramrec;
+    EventList<std::int32_t> parampos;
     std::int32_t paramcount = 0;
-    std::vector<std::string> marktext;
-    std::vector<std::int32_t> markpos;
+    EventList<std::string> marktext;
+    EventList<std::int32_t> markpos;
     std::int32_t markcount = 0;
-    std::vector<std::string> sampleclock;
-    std::vector<std::int32_t> samplepos;
-    std::vector<float> samplespeed;
-    std::vector<std::string> speedhex; // main side only
+    EventList<std::string> sampleclock;
+    EventList<std::int32_t> samplepos;
+    EventList<float> samplespeed;
+    EventList<std::string> speedhex; // main side only
     std::int32_t samplecount = 0;
-    std::vector<std::int32_t> fepos;
-    std::vector<std::int16_t> feval;
+    EventList<std::int32_t> fepos;
+    EventList<std::int16_t> feval;
     std::int32_t fecount = 0;
-    std::vector<std::int32_t> fdpos; // main side only
-    std::vector<std::int16_t> fdval;
+    EventList<std::int32_t> fdpos; // main side only
+    EventList<std::int16_t> fdval;
     std::int32_t fdcount = 0;
-    std::vector<std::int32_t> stoplist;
+    EventList<std::int32_t> stoplist;
     std::int32_t stopcount = 0;
-    std::vector<std::int32_t> quarterindex;
+    EventList<std::int32_t> quarterindex;
     std::int32_t quartercount = 0;
     std::int32_t quarterlast = 0;
 
@@ -98,8 +99,9 @@ struct Side {
     std::int32_t scrollmax = 0;
 
     // Per position: the scaled value of columns 0..12, the raw value byte, the kilometre.
-    Grid<std::int16_t, 13> samplegrid;
-    Grid<std::uint8_t, 13> rawgrid; // the comparison side uses columns 0..9
+    static constexpr int gridcolumns = 13;
+    Grid<std::int16_t, gridcolumns> samplegrid;
+    Grid<std::uint8_t, gridcolumns> rawgrid; // the comparison side uses columns 0..9
     Grid<float, 1> mileage;
     // Positions of channel I where the bottom echo is lost longer than the loss limit; there the raw
     // value of column 8 reads as the loss sign.

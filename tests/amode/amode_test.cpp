@@ -28,7 +28,7 @@ class AMode : public testkit::ViewTest {
         std::vector<std::uint8_t> record(256, 0);
         record[37] = 40, record[46] = 60, record[55] = 70, record[64] = 80, record[73] = 90, record[82] = 100;
         record[37 + 6] = 12, record[46 + 6] = 50; // channel G
-        s.paramrec = {hexof(record.data(), record.size())};
+        s.paramrec.assign(1, hexof(record.data(), record.size()));
         s.rulerx0 = 600 - 20; // the cursor line at x 600: column 600
     }
     // The scan of channel LETTER opened at the cursor, its first frame drawn by hand.
