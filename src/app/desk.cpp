@@ -246,7 +246,7 @@ void registerdesk(Station& st) {
                                     {"HScroll1", "档"},
                                     {"HScrolljd", "/"}}) {
         Control label = control(std::string(bar) + "value", ControlKind::label);
-        label.caption = [bar, unit](const Station& st) {
+        label.caption = [bar = bar, unit = unit](const Station& st) {
             const Control& c = *st.controls.find(bar);
             const std::string value = std::to_string(c.value ? c.value(st) : 0);
             if (std::string(unit) == "/") return value + "/" + std::to_string(c.rangemax(st));

@@ -466,7 +466,7 @@ void registermasterdata(Station& st) {
         }
         for (const auto& [name, caption, act] : buttons) {
             Control b = control(form + "." + name, ControlKind::button, caption);
-            b.click = [act](Station& st, const std::string&) { guarded(st, act); };
+            b.click = [act = act](Station& st, const std::string&) { guarded(st, act); };
             if (std::string(name) == "Command2")
                 b.enabled = [](const Station& st) { return st.master.adding; };
             st.controls.add(b);

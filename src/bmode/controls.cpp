@@ -89,8 +89,8 @@ void displayoptions(Station& st) {
     for (const auto& [name, caption, shown] :
          {std::tuple{"Option10", "隐藏", false}, {"Option11", "显示", true}}) {
         Control c = control(name, ControlKind::option, caption);
-        c.value = [shown](const Station& st) { return st.form.auxlines == shown ? 1 : 0; };
-        c.click = [shown](Station& st, const std::string&) {
+        c.value = [shown = shown](const Station& st) { return st.form.auxlines == shown ? 1 : 0; };
+        c.click = [shown = shown](Station& st, const std::string&) {
             st.form.auxlines = shown;
             background(st);
             redrawmain(st);
@@ -143,7 +143,7 @@ void colours(Station& st) {
     for (const auto& [name, caption, preset] :
          {std::tuple{"Command40", "纯黑", 40}, {"Command41", "浅黄", 41}}) {
         Control c = control(name, ControlKind::button, caption);
-        c.click = [preset](Station& st, const std::string&) {
+        c.click = [preset = preset](Station& st, const std::string&) {
             colorpreset(st, preset);
             repaint(st);
         };
@@ -183,16 +183,18 @@ void formpk2(Station& st) {
     for (const auto& [name, caption, exact] :
          {std::tuple{"Formpk2.Option1", "拼孔", false}, {"Formpk2.Option2", "精确", true}}) {
         Control c = control(name, ControlKind::option, caption);
-        c.value = [exact](const Station& st) { return (st.zhu.pinkongval[8] == 0) == exact ? 1 : 0; };
+        c.value = [exact = exact](const Station& st) { return (st.zhu.pinkongval[8] == 0) == exact ? 1 : 0; };
         c.visible = alignmentstores;
-        c.click = [exact](Station& st, const std::string&) { alignmentmode(st, exact); };
+        c.click = [exact = exact](Station& st, const std::string&) { alignmentmode(st, exact); };
         st.controls.add(c);
     }
     for (const auto& [name, caption, save] :
          {std::tuple{"Formpk2.Cmdbc", "保存", true}, {"Formpk2.Cmdsc", "删除", false}}) {
         Control c = control(name, ControlKind::button, caption);
         c.enabled = alignmentstores;
-        c.click = [save](Station& st, const std::string&) { save ? savealignment(st) : deletealignment(st); };
+        c.click = [save = save](Station& st, const std::string&) {
+            save ? savealignment(st) : deletealignment(st);
+        };
         st.controls.add(c);
     }
 }

@@ -115,7 +115,7 @@ void speedwindow(Station& st) {
     for (const auto& [name, text] : {std::pair{"Form9.Label2", &Station::Curves::speedfrom},
                                      std::pair{"Form9.Label3", &Station::Curves::speedto}}) {
         Control label = control(name, ControlKind::label);
-        label.textof = [text](const Station& st) { return st.curves.*text; };
+        label.textof = [text = text](const Station& st) { return st.curves.*text; };
         st.controls.add(label);
     }
 }

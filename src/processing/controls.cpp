@@ -39,7 +39,7 @@ void pointers(Station& st) {
         Control c = control(name, ControlKind::canvas);
         c.enabled = recordingloaded;
         if (!main) c.visible = comparisonshown;
-        c.mouse = [main](Station& st, const MouseAct& act) {
+        c.mouse = [main = main](Station& st, const MouseAct& act) {
             Side& side = main ? st.zhu : st.cong;
             if (act.kind == "down") pointerdown(st, side, act.button, act.x, act.y);
             if (act.kind == "move") pointermove(st, side, act.x, act.y);
@@ -49,7 +49,7 @@ void pointers(Station& st) {
         Control grip = control(main ? "Labelyz" : "Labelyzdb", ControlKind::label, "毫米");
         grip.enabled = recordingloaded;
         if (!main) grip.visible = comparisonshown;
-        grip.mouse = [main](Station& st, const MouseAct& act) {
+        grip.mouse = [main = main](Station& st, const MouseAct& act) {
             Side& side = main ? st.zhu : st.cong;
             if (act.kind == "down") gripdown(st, side, act.button, act.x, act.y);
             if (act.kind == "move") gripmove(st, side, act.x);
@@ -57,8 +57,10 @@ void pointers(Station& st) {
         };
         st.controls.add(grip);
         Control readout = control(main ? "Label14" : "Label14db", ControlKind::label);
-        readout.textof = [main](const Station& st) { return (main ? st.zhu : st.cong).Label14.text; };
-        readout.visible = [main](const Station& st) { return (main ? st.zhu : st.cong).Label14.visible; };
+        readout.textof = [main = main](const Station& st) { return (main ? st.zhu : st.cong).Label14.text; };
+        readout.visible = [main = main](const Station& st) {
+            return (main ? st.zhu : st.cong).Label14.visible;
+        };
         st.controls.add(readout);
     }
     Control result = control("Label10", ControlKind::label, "测量结果");
@@ -108,8 +110,8 @@ void closerlook(Station& st) {
         Control bar = control(name, ControlKind::scrollbar);
         bar.min = -300;
         bar.max = 300;
-        bar.value = [field](const Station& st) { return st.*field; };
-        bar.change = [field](Station& st, int value) {
+        bar.value = [field = field](const Station& st) { return st.*field; };
+        bar.change = [field = field](Station& st, int value) {
             st.*field = value;
             drawdefectnote(st);
         };

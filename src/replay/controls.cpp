@@ -47,7 +47,7 @@ void transport(Station& st) {
          {std::tuple{"Command25", "正向 ▶", 1}, {"Command26", "◀ 反向", -1}}) {
         Control c = control(name, ControlKind::button, caption);
         c.enabled = recordingloaded;
-        c.click = [direction](Station& st, const std::string&) {
+        c.click = [direction = direction](Station& st, const std::string&) {
             st.direction = static_cast<std::int16_t>(direction);
         };
         st.controls.add(c);
@@ -76,8 +76,8 @@ void transport(Station& st) {
          {std::tuple{"Option12", "同步", false}, {"Option13", "异步", true}}) {
         Control c = control(name, ControlKind::option, caption);
         c.visible = comparisonshown;
-        c.value = [apart](const Station& st) { return st.asynchronous == apart ? 1 : 0; };
-        c.click = [apart](Station& st, const std::string&) { st.asynchronous = apart; };
+        c.value = [apart = apart](const Station& st) { return st.asynchronous == apart ? 1 : 0; };
+        c.click = [apart = apart](Station& st, const std::string&) { st.asynchronous = apart; };
         st.controls.add(c);
     }
 }

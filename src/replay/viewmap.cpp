@@ -14,8 +14,15 @@ namespace {
 // stretch may copy past the end.
 void sizemap(Side& side, std::int64_t extra) {
     const auto size = static_cast<std::size_t>(side.lastposition + 2001 + std::max<std::int64_t>(extra, 0));
-    if (side.viewmap.size() < size) side.viewmap.resize(size, 0);
-    if (side.markflags.size() < size) side.markflags.resize(size, 0);
+    // Exactly the room asked for: a map of a long recording is tens of MB, and a vector that grows by
+    // doubling would hold as much again unused after a change of the view's mode.
+    auto fit = [size](auto& list) {
+        if (list.size() >= size) return;
+        list.reserve(size);
+        list.resize(size, 0);
+    };
+    fit(side.viewmap);
+    fit(side.markflags);
 }
 
 void filltail(Side& side, std::int64_t from) {

@@ -176,7 +176,7 @@ PrintedPage noticepage(Station& st) {
         write(X0, y, 10, false, heading);
         p.currentx = X0;
         p.currenty = y + headingroom;
-        element([&] { printtable(p, *list); });
+        element([&, list = list] { printtable(p, *list); });
         y = p.currenty;
     }
     if (china)

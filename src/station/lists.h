@@ -4,6 +4,7 @@
 // value, so a short recording costs little and a read behind a count still finds 0 or "".
 #include <cstddef>
 #include <deque>
+#include <initializer_list>
 
 namespace orvane {
 
@@ -13,6 +14,11 @@ template <class T> class EventList {
 
     EventList() = default;
     EventList(std::size_t size, const T& value) { assign(size, value); }
+    EventList& operator=(std::initializer_list<T> items) {
+        items_.assign(items);
+        size_ = items_.size();
+        return *this;
+    }
 
     std::size_t size() const { return size_; }
     bool empty() const { return size_ == 0; }

@@ -29,10 +29,12 @@ class TrackTest : public testkit::IndexTest {
     }
     void entries(const std::vector<std::string>& texts) {
         Side& s = z();
-        s.gpstext = texts;
+        s.gpstext.clear();
         s.gpspos.clear();
-        for (std::size_t i = 0; i < texts.size(); ++i)
+        for (std::size_t i = 0; i < texts.size(); ++i) {
+            s.gpstext.push_back(texts[i]);
             s.gpspos.push_back(static_cast<std::int32_t>(1000 * (i + 1)));
+        }
         s.gpscount = static_cast<std::int32_t>(texts.size());
         s.gpstext.push_back("");
         s.gpspos.push_back(s.lastposition);
