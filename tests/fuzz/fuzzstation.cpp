@@ -64,11 +64,15 @@ bool FuzzStation::open(const std::string& path) {
 
 void checkside(const Side& side) {
     auto fail = [&](const char* what) {
-        std::fprintf(stderr, "side %s: %s\n", side.main ? "zhu" : "cong", what);
+        std::fprintf(stderr, "side %s: %s (lastposition %d, samplecount %d, gridrows %lld)\n",
+                     side.main ? "zhu" : "cong", what, side.lastposition, side.samplecount,
+                     static_cast<long long>(side.gridrows));
         std::abort();
     };
     if (side.gridrows > side.gridlast + 1) fail("the grids passed their bound");
-    if (side.lastposition < 0 || side.lastposition > side.gridlast) fail("lastposition outside the grids");
+    // Without samples the walk ends before the end position is checked: nothing reads the grids there.
+    if (side.samplecount > 0 && (side.lastposition < 0 || side.lastposition > side.gridlast))
+        fail("lastposition outside the grids");
     if (side.samplecount < 0 || static_cast<std::size_t>(side.samplecount) >= side.samplepos.size())
         fail("samplecount past its list");
     if (side.markcount < 0 || static_cast<std::size_t>(side.markcount) > side.markpos.size())
