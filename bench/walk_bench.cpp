@@ -1,9 +1,11 @@
 // The walk of a large recording beside a plain read of the same file and a walk that builds the
 // hexadecimal text of every record and reads its fields from the text.
 #include "app/startup.h"
+#include "generator.h"
 #include "recording/decoders.h"
 #include "recording/hex.h"
 #include "recording/walk.h"
+#include "scenario.h"
 #include "station/scriptedui.h"
 #include "station/station.h"
 #include "station/systemclock.h"
@@ -116,6 +118,24 @@ void Walk(benchmark::State& state) {
     state.counters["peak_rss_MB"] = peak / 1024.0;
 }
 BENCHMARK(Walk)->Unit(benchmark::kMillisecond);
+
+// The walk of the small synthetic run (about 80 KB, 59,000 positions): what a supervisor's batch of
+// short recordings waits for, a walk each.
+void WalkSmall(benchmark::State& state) {
+    static const std::string path = [] {
+        const fs::path file = fs::temp_directory_path() / "orvane-bench-small.ktr";
+        ktrgen::writefile(file.string(), ktrgen::generate(ktrgen::preset("small"), 2));
+        return file.string();
+    }();
+    for (auto _ : state) {
+        FreshStation f;
+        f.st.zhu.filepath = path;
+        orvane::walkfile(f.st, f.st.zhu);
+        benchmark::DoNotOptimize(f.st.zhu.lastposition);
+    }
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(fs::file_size(path)));
+}
+BENCHMARK(WalkSmall)->Unit(benchmark::kMillisecond);
 
 // The walk step by step: reading and decoding, then each step after it, in milliseconds a walk.
 void WalkPhases(benchmark::State& state) {
