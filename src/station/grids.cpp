@@ -10,8 +10,9 @@ namespace orvane {
 
 namespace {
 
-// Large pages are 2 MB; room in whole large pages lets the system back it with them.
-constexpr std::size_t largepage = std::size_t{2} << 20;
+// Room is taken in steps of 2 MB. Large pages are not asked for: where memory is fragmented the
+// system would first compact it, and a recording's first picture would wait for that.
+constexpr std::size_t roomstep = std::size_t{2} << 20;
 
 // Rooms of grids that are gone, with the bytes their grids wrote; enough for the grids of both sides.
 struct Spare {
@@ -26,7 +27,6 @@ void* freshroom(std::size_t room) {
     void* data =
         mmap(nullptr, room, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
     if (data == MAP_FAILED) return nullptr;
-    madvise(data, room, MADV_HUGEPAGE);
     return data;
 }
 
@@ -63,7 +63,7 @@ GridMemory::~GridMemory() {
 
 bool GridMemory::reserve(std::size_t bytes, std::size_t used) {
     if (bytes > room_) {
-        std::size_t room = (bytes + largepage - 1) / largepage * largepage;
+        std::size_t room = (bytes + roomstep - 1) / roomstep * roomstep;
         void* data = spareroom(room);
         if (!data) data = freshroom(room);
         if (!data) return false;

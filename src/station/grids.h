@@ -8,10 +8,10 @@
 namespace orvane {
 
 // Address room for a grid's cells, taken from the system at once for every row the side may have.
-// The system hands out memory only for the pages that are written, zeroed, in large pages where it
-// can: a long recording then costs few page faults and a short one little memory, and the rows
-// never move. The room of a grid that is gone is kept for the next grid of the process, zeroed where
-// it was written: a second recording's walk finds its pages ready instead of waiting for fresh ones.
+// The system hands out memory only for the pages that are written, zeroed: a short recording costs
+// little memory, and the rows never move. The room of a grid that is gone is kept for the next grid of the
+// process, zeroed where it was written: a second recording's walk finds its pages ready instead of waiting
+// for fresh ones.
 class GridMemory {
   public:
     GridMemory() = default;
