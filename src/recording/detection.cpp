@@ -4,7 +4,6 @@
 #include "station/station.h"
 
 #include <array>
-#include <cmath>
 
 namespace orvane {
 

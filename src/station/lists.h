@@ -21,7 +21,6 @@ template <class T> class EventList {
     }
 
     std::size_t size() const { return size_; }
-    bool empty() const { return size_ == 0; }
 
     // An element to write. The elements before it are made, empty; the element at the size or past
     // it is a spare that reads empty again after the next write, as a list never grows by a write.
