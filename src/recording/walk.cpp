@@ -6,6 +6,7 @@
 #include "station/numbers.h"
 #include "station/station.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <filesystem>
@@ -107,9 +108,11 @@ bool readfile(Station& st, Side& side) {
     const double n = static_cast<double>(length) / recordbytes;
     const auto last = static_cast<std::int64_t>(roundeven(n - 1));
     st.ui->progressmax(n);
-    std::vector<std::uint8_t> block(blockrecords * recordbytes);
-    for (std::int64_t first = 0; first <= last && side.abortflag != 1; first += blockrecords) {
-        const std::int64_t count = std::min<std::int64_t>(blockrecords, last - first + 1);
+    // A short recording takes a block of its own length, not a whole block of the long ones.
+    const std::int64_t blocklength = std::clamp<std::int64_t>(last + 1, 1, blockrecords);
+    std::vector<std::uint8_t> block(static_cast<std::size_t>(blocklength) * recordbytes);
+    for (std::int64_t first = 0; first <= last && side.abortflag != 1; first += blocklength) {
+        const std::int64_t count = std::min<std::int64_t>(blocklength, last - first + 1);
         std::memset(block.data(), 0, block.size());
         in.read(reinterpret_cast<char*>(block.data()), count * recordbytes);
         if (in.bad()) {
