@@ -69,10 +69,16 @@ EntryRule entryrule(const Side& side, int code, int kind) {
 // costs a look-up instead of its formula. They hold as long as the side's kind, its channel kinds
 // and its multipliers stay the same, which only a parameter record changes: they are kept for the
 // records after it.
+// What the decoder does with an entry, by its code alone: nothing (code 0), end the record (the main
+// side's codes 14 to 142), act on an event, or write a hit of a channel.
+enum class EntryAction : std::uint8_t { skip, stop, event, hit };
+
 struct EntryRules {
     bool made = false, main = false;
     std::array<int, 9> kinds{};
     std::array<std::int16_t, 9> scales{};
+    std::array<EntryAction, 256> action{};
+    std::array<int, 256> eventkind{}; // the kind an event entry of the code acts on
     std::array<EntryRule, 14> rule{};
     std::array<std::array<std::int16_t, 256>, 14> paths{};
 };
@@ -87,13 +93,22 @@ const EntryRules& entryrules(const Side& side) {
     rules.main = side.main;
     rules.kinds = kinds;
     rules.scales = side.channelscale;
+    rules.action[0] = EntryAction::skip;
     for (int code = 1; code < 14; ++code) {
         const EntryRule rule = entryrule(side, code, code < 10 ? kinds[code - 1] : code);
         rules.rule[code] = rule;
+        rules.action[code] = rule.column < 0 ? EntryAction::event : EntryAction::hit;
+        rules.eventkind[code] = rule.kind;
         if (rule.column < 0) continue;
         for (int value = 0; value < 256; ++value)
             rules.paths[code][value] =
                 static_cast<std::int16_t>(roundeven(rule.speed * value * side.channelscale[rule.m]));
+    }
+    // From 0x0E on the code is the kind; the comparison side meets its channel kinds there too,
+    // but their column would be the code's, which the grid doesn't have: only events count.
+    for (int code = 14; code < 256; ++code) {
+        rules.action[code] = side.main && code <= 142 ? EntryAction::stop : EntryAction::event;
+        rules.eventkind[code] = code;
     }
     return rules;
 }
@@ -213,8 +228,11 @@ void decodedetection(Station& st, Side& side, const std::uint8_t* record) {
     std::int32_t p = 0;
     for (int i = 0; i <= 50; ++i) {
         const std::uint8_t* entry = record + 1 + 5 * i;
-        if (allzero(entry, 5)) break;
-        p = bigendian(entry, 3) + base;
+        const std::int32_t at = entry[0] << 16 | entry[1] << 8 | entry[2];
+        const int code = entry[3];
+        const int value = entry[4];
+        if ((at | code | value) == 0) break;
+        p = at + base;
         if (p > plain) {
             if (main && p > positionlimit) {
                 st.ui->message(std::string(toolargemessage) + std::to_string(p) + "  " + hexof(entry, 5));
@@ -224,24 +242,17 @@ void decodedetection(Station& st, Side& side, const std::uint8_t* record) {
             if (!reachposition(st, side, static_cast<std::int64_t>(p) + 300)) return;
             plaingrids();
         }
-        const int code = entry[3];
-        if (code == 0) continue;
-        if (main && code >= 14 && code <= 142) break;
-        const int value = entry[4];
-        // From 0x0E on the code is the kind; the comparison side meets its channel kinds there too,
-        // but their column would be the code's, which the grid doesn't have: only events count.
-        if (code >= 14) {
-            event(st, side, p, code, value);
-            continue;
+        const EntryAction action = rules.action[code];
+        if (action == EntryAction::hit) {
+            const EntryRule& rule = rules.rule[code];
+            const std::size_t cell = static_cast<std::size_t>(p) * Side::gridcolumns + rule.column;
+            cells[cell] = rules.paths[code][value];
+            if (rule.raw) raws[cell] = static_cast<std::uint8_t>(value);
+        } else if (action == EntryAction::event) {
+            event(st, side, p, rules.eventkind[code], value);
+        } else if (action == EntryAction::stop) {
+            break;
         }
-        const EntryRule& rule = rules.rule[code];
-        if (rule.column < 0) {
-            event(st, side, p, rule.kind, value);
-            continue;
-        }
-        const std::size_t cell = static_cast<std::size_t>(p) * Side::gridcolumns + rule.column;
-        cells[cell] = rules.paths[code][value];
-        if (rule.raw) raws[cell] = static_cast<std::uint8_t>(value);
     }
     side.lastposition = p;
     side.quartercount = std::min(side.quartercount + 1, 19900);
