@@ -65,14 +65,14 @@ EntryRule entryrule(const Side& side, int code, int kind) {
     }
 }
 
-// The rules of the codes below 0x0E with the sound path of every value of each hit, so that a hit
-// costs a look-up instead of its formula. They hold as long as the side's kind, its channel kinds
-// and its multipliers stay the same, which only a parameter record changes: they are kept for the
-// records after it.
 // What the decoder does with an entry, by its code alone: nothing (code 0), end the record (the main
 // side's codes 14 to 142), act on an event, or write a hit of a channel.
 enum class EntryAction : std::uint8_t { skip, stop, event, hit };
 
+// What every code does, and the rules of the codes below 0x0E with the sound path of every value of
+// each hit, so that a hit costs a look-up instead of its formula. They hold as long as the side's kind,
+// its channel kinds and its multipliers stay the same, which only a parameter record changes: they are
+// kept for the records after it.
 struct EntryRules {
     bool made = false, main = false;
     std::array<int, 9> kinds{};
